@@ -1,0 +1,26 @@
+# Compiler flags of our own code. Arithmetic must not depend on the machine:
+# no contraction into fused operations, no fast-math, no -march=native.
+add_library(velmora_flags INTERFACE)
+target_compile_options(velmora_flags INTERFACE
+  -ffp-contract=off
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wdouble-promotion -Wformat=2 -Wundef
+  -Wnon-virtual-dtor -Woverloaded-virtual)
+target_compile_definitions(velmora_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(VELMORA_WERROR)
+  target_compile_options(velmora_flags INTERFACE -Werror)
+endif()
+
+# Sanitizers, coverage and library assertions must hold for every object that is linked.
+if(VELMORA_SANITIZE)
+  add_compile_options(-fsanitize=${VELMORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+  add_link_options(-fsanitize=${VELMORA_SANITIZE})
+endif()
+if(VELMORA_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
+if(VELMORA_LIBFUZZER)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,72 @@
+# A room's floor is one static library that sees only the headers of the rooms it names.
+# Each target gets a view folder with a link to its own source folder, and nothing else on its
+# include path; so a wrong include does not compile. A name in USES must already be a target; so
+# the order of the add_subdirectory lines is the order of the floors, and a ring does not configure.
+
+# velmora_library(name FOLDER path-below-src SOURCES ... USES targets... [LIBS ...] [QT modules...])
+function(velmora_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 L "" "FOLDER" "SOURCES;USES;LIBS;QT")
+  velmora_check_uses(${name} "${L_USES}")
+  set(view ${PROJECT_BINARY_DIR}/view/${name})
+  cmake_path(GET L_FOLDER PARENT_PATH up)
+  file(MAKE_DIRECTORY ${view}/${up})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${view}/${L_FOLDER} SYMBOLIC)
+  list(TRANSFORM L_QT PREPEND Qt6::)
+  add_library(${name} STATIC ${L_SOURCES})
+  target_include_directories(${name} PUBLIC ${view})
+  target_link_libraries(${name} PUBLIC ${L_USES} ${L_QT} ${L_LIBS} PRIVATE velmora_flags)
+  if(L_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
+endfunction()
+
+function(velmora_check_uses name uses)
+  foreach(used IN LISTS uses)
+    if(NOT TARGET ${used})
+      message(FATAL_ERROR "${name} uses ${used}, which does not lie below it")
+    endif()
+  endforeach()
+endfunction()
+
+# velmora_test(name SOURCES ... USES ... [GUI] [SLOW]): one test program, one ctest entry a test case.
+# GUI programs run offscreen with their own home and one QApplication.
+function(velmora_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 T "GUI;SLOW" "" "SOURCES;USES")
+  velmora_check_uses(${name} "${T_USES}")
+  add_executable(${name} ${T_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE
+    VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VELMORA_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  target_link_libraries(${name} PRIVATE ${T_USES} GTest::gmock velmora_flags)
+  set(label unit)
+  if(T_GUI)
+    set(label gui)
+    target_link_libraries(${name} PRIVATE test_guimain)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gmock_main)
+  endif()
+  if(T_SLOW)
+    set(label slow)
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+    TEST_PREFIX "${name}." PROPERTIES LABELS ${label} TIMEOUT 300)
+endfunction()
+
+# velmora_fuzz(name SOURCES ... USES ...): a reader of outside bytes under random input. With
+# VELMORA_LIBFUZZER it is a libFuzzer program; otherwise a driver that replays the seeds and a fixed
+# number of mutations of them, so that every test run gives each reader a short shake.
+function(velmora_fuzz name)
+  cmake_parse_arguments(PARSE_ARGV 1 F "" "" "SOURCES;USES")
+  velmora_check_uses(${name} "${F_USES}")
+  add_executable(${name} ${F_SOURCES})
+  target_link_libraries(${name} PRIVATE ${F_USES} velmora_flags)
+  target_compile_definitions(${name} PRIVATE VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  if(VELMORA_LIBFUZZER)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  else()
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/driver.cpp)
+    add_test(NAME fuzz.${name} COMMAND ${name} ${PROJECT_SOURCE_DIR}/fuzz/seeds/${name})
+    set_tests_properties(fuzz.${name} PROPERTIES LABELS unit TIMEOUT 120)
+  endif()
+endfunction()

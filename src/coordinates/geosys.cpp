@@ -1,0 +1,1 @@
+#include "coordinates/geosys.h"

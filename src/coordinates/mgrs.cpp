@@ -1,0 +1,1 @@
+#include "coordinates/mgrs.h"

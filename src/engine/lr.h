@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// Length of the profile and loss blocks at the engine's border.
+inline constexpr std::size_t lrblocksize = 166;
+/// Most intervals that such a block holds, three numbers standing before its samples.
+inline constexpr int lrmaxintervals = 160;
+
+#pragma pack(push, 4)
+/// Inputs and results of one call of the propagation model, as they cross the engine's border.
+struct LRRecord {
+    double freq;          ///< in: frequency, MHz
+    double ns;            ///< in: surface refractivity, N-units
+    double eps;           ///< in: relative permittivity of the ground
+    double sgm;           ///< in: ground conductivity, S/m
+    std::int32_t pol;     ///< in: 0 horizontal, 1 vertical
+    std::int32_t clim;    ///< in: climate, 1 to 7
+    std::int32_t varmode; ///< in: 0 single message, 1 accidental, 2 mobile, 3 broadcast
+    double h1;            ///< in: antenna height at the left end, m above ground
+    double h2;            ///< in: antenna height at the right end, m above ground
+    double ptime;         ///< in: percentage of time
+    double ploc;          ///< in: percentage of locations
+    double psit;          ///< in: percentage of situations
+    std::int32_t interf;  ///< in: 0 normal, 1 interference
+    std::int32_t startpt; ///< in: first sample whose loss is wanted: 0 all, n the far end only
+    double loss;          ///< out: total loss of the whole profile, dB
+    std::uint8_t reserved1[16];
+    double dl1;   ///< out: distance of the left end's horizon, m
+    double dl2;   ///< out: distance of the right end's horizon, m
+    double the1;  ///< out: elevation angle of the left end's horizon, rad
+    double the2;  ///< out: elevation angle of the right end's horizon, rad
+    double gme;   ///< out: effective earth curvature, 1/m
+    double lfree; ///< out: free-space loss, dB
+    double lobst; ///< out: reference attenuation (obstruction loss), dB
+    std::uint8_t reserved2[12];
+    std::int32_t los;     ///< out: non-zero when the profile is clear between the antennas
+    std::int32_t scatter; ///< out: non-zero when it is not and the loss is that of scatter
+    std::uint8_t reserved3[4];
+    double lurban; ///< the program's own urban factor, dB; the model leaves it alone
+};
+#pragma pack(pop)
+
+static_assert(offsetof(LRRecord, lurban) == 196 && sizeof(LRRecord) == 204);
+
+/// The propagation model at the engine's border.
+///   prof     166 numbers: [1] n, the number of intervals; [2] their length, m; [3 .. n+3] ground
+///            elevations from the left station to the right one, m
+///   losses   166 numbers: [i+3] receives the loss to sample i, dB, for i from startpt to n
+///   rec      inputs and results
+extern "C" void LR(const double* prof, double* losses, LRRecord* rec);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "terrain/mapgrid.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+/// Kind of georeference of a picture.
+namespace pictype
+{
+inline constexpr std::int16_t plain = 0;
+inline constexpr std::int16_t map = 1;
+inline constexpr std::int16_t fourcorners = 2;
+inline constexpr std::int16_t view3d = 3;
+inline constexpr std::int16_t observation = 4;
+} // namespace pictype
+
+/// A picture's data beside its pixels. Corners go clockwise from the top left.
+struct Picture {
+    std::string source;
+    std::string Filename;
+    std::int16_t Pictype = pictype::plain;
+    std::array<float, 4> lon{}; ///< lon1 to lon4, degrees
+    std::array<float, 4> lat{}; ///< lat1 to lat4, degrees
+    /// 3D values: amplx, phi, theta, disto, aper, size, ofx, ofy, w3, h3, q3.
+    std::array<float, 11> view{};
+    std::int16_t Mapmode = 0;
+    std::uint8_t city = 0; ///< 0 or 255
+    float light = 0, bri = 0, con = 0;
+    std::uint8_t c1 = 0, c2 = 0;
+    float hmin = 0, hmax = 0, hmoy = 0;
+    float minx = 0, maxx = 0;
+    int scalewidth = 0; ///< size of the surface, pixels
+    int scaleheight = 0;
+
+    /// The world map, which most loops over pictures leave out.
+    bool isworld() const { return source == "Mappemonde"; }
+    /// A stereo picture carries no overlay and no crosshair.
+    bool isstereo() const;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "network/tables.h"
+#include "terrain/mapgrid.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// Results of an evaluation, by net and pair of stations, all from 1. For a below b: signal
+/// quality, 50 + margin in dB held within 1 to 99, 0 when not evaluated. For a above b:
+/// reachability, 50 for a direct link, less one for each retransmission, 0 when no path is known.
+class QualityTable
+{
+public:
+    std::uint8_t& at(int net, int a, int b) { return cells[index(net, a, b)]; }
+    std::uint8_t at(int net, int a, int b) const { return cells[index(net, a, b)]; }
+    void clear() { cells.assign(cells.size(), 0); }
+
+private:
+    static std::size_t index(int net, int a, int b)
+    {
+        return static_cast<std::size_t>(((a - 1) * MAXUNIT + (b - 1)) * MAXNET + (net - 1));
+    }
+    std::vector<std::uint8_t> cells =
+        std::vector<std::uint8_t>(std::size_t{MAXNET} * MAXUNIT * MAXUNIT);
+};
+
+/// Table of the last `evalnets`.
+extern QualityTable quality;
+
+/// First phase: margins of all pairs, on all threads. Results don't depend on their number.
+///   allnets  evaluate nets that are not active, too
+void evaluatedirect(const NetworkTables& tables, const MapGrid& map, bool allnets,
+                    std::int16_t interference, QualityTable& table);
+
+/// Second phase: what retransmissions add to the reachability of one net.
+void addretransmissions(const NetworkTables& tables, int net, QualityTable& table);
+
+/// Evaluates every pair of enabled members of the process's nets into `quality`.
+void evalnets(bool allnets);
+
+/// Line class of a pair a below b, 0 (no line) to 6, from a table and the rules of the line
+/// colours.
+int lineclass(const NetworkTables& tables, const QualityTable& table,
+              const std::array<std::uint8_t, 3>& linestyle, int a, int b);

@@ -1,0 +1,1 @@
+#include "radio/link.h"

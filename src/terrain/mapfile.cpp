@@ -1,0 +1,1 @@
+#include "terrain/mapfile.h"
