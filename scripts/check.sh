@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Checks of the sources themselves: format and includes; with "tidy" also clang-tidy on all of src/,
+# which takes minutes.
+#   scripts/check.sh [tidy]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+sources() { git ls-files -co --exclude-standard '*.cpp' '*.h'; }
+
+echo "format"
+sources | xargs clang-format --dry-run --Werror
+
+echo "includes"
+if git grep -nE '#include "\.\./' -- '*.cpp' '*.h'; then
+    echo "Include by room: \"room/file.h\"." >&2
+    exit 1
+fi
+if git grep -nE '#include <Q' -- 'src/*.cpp' 'src/*.h' ':!src/*/paint/*' ':!src/*/windows/*' ':!src/cli/*' ':!src/app/*.cpp'; then
+    echo "The logic floor has no Qt." >&2
+    exit 1
+fi
+
+if [ "${1:-}" = tidy ]; then
+    echo "clang-tidy"
+    scripts/build.sh release
+    git ls-files 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet
+fi
+echo "sources are clean"
