@@ -42,7 +42,22 @@ struct LRRecord {
 };
 #pragma pack(pop)
 
-static_assert(offsetof(LRRecord, lurban) == 196 && sizeof(LRRecord) == 204);
+static_assert(offsetof(LRRecord, freq) == 0 && offsetof(LRRecord, ns) == 8);
+static_assert(offsetof(LRRecord, eps) == 16 && offsetof(LRRecord, sgm) == 24);
+static_assert(offsetof(LRRecord, pol) == 32 && offsetof(LRRecord, clim) == 36);
+static_assert(offsetof(LRRecord, varmode) == 40);
+static_assert(offsetof(LRRecord, h1) == 44 && offsetof(LRRecord, h2) == 52);
+static_assert(offsetof(LRRecord, ptime) == 60 && offsetof(LRRecord, ploc) == 68);
+static_assert(offsetof(LRRecord, psit) == 76);
+static_assert(offsetof(LRRecord, interf) == 84 && offsetof(LRRecord, startpt) == 88);
+static_assert(offsetof(LRRecord, loss) == 92 && offsetof(LRRecord, reserved1) == 100);
+static_assert(offsetof(LRRecord, dl1) == 116 && offsetof(LRRecord, dl2) == 124);
+static_assert(offsetof(LRRecord, the1) == 132 && offsetof(LRRecord, the2) == 140);
+static_assert(offsetof(LRRecord, gme) == 148 && offsetof(LRRecord, lfree) == 156);
+static_assert(offsetof(LRRecord, lobst) == 164 && offsetof(LRRecord, reserved2) == 172);
+static_assert(offsetof(LRRecord, los) == 184 && offsetof(LRRecord, scatter) == 188);
+static_assert(offsetof(LRRecord, reserved3) == 192 && offsetof(LRRecord, lurban) == 196);
+static_assert(sizeof(LRRecord) == 204);
 
 /// The propagation model at the engine's border.
 ///   prof     166 numbers: [1] n, the number of intervals; [2] their length, m; [3 .. n+3] ground
