@@ -28,7 +28,8 @@ public:
             bad = true;
             return false;
         }
-        std::memcpy(target, bytes.data() + offset, size);
+        if (size > 0)
+            std::memcpy(target, bytes.data() + offset, size);
         offset += size;
         return true;
     }
