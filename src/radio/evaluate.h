@@ -35,8 +35,13 @@ extern QualityTable quality;
 void evaluatedirect(const NetworkTables& tables, const MapGrid& map, bool allnets,
                     std::int16_t interference, QualityTable& table);
 
-/// Second phase: what retransmissions add to the reachability of one net.
+/// Second phase: what retransmissions add to the reachability of one net. Reads and writes the
+/// cells of that net only.
 void addretransmissions(const NetworkTables& tables, int net, QualityTable& table);
+
+/// Both phases into a table, which is cleared first.
+void evaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
+              std::int16_t interference, QualityTable& table);
 
 /// Evaluates every pair of enabled members of the process's nets into `quality`.
 void evalnets(bool allnets);
