@@ -250,7 +250,8 @@ void paintgrey(const Floats& t, int count, float level, std::uint32_t* pixels)
 {
     for (int i = 0; i < count; ++i) {
         const float grey = level * t[static_cast<std::size_t>(i)];
-        const int v = static_cast<int>((grey < 255 ? grey : 255) + 0.5F);
+        const float rounding = (grey < 255 ? grey : 255) + 0.5F;
+        const int v = static_cast<int>(rounding);
         pixels[i] = 0xFF000000U | static_cast<std::uint32_t>(v << 16 | v << 8 | v);
     }
 }

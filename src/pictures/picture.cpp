@@ -1,1 +1,9 @@
 #include "pictures/picture.h"
+
+#include "app/base/numbers.h"
+
+bool Picture::isstereo() const
+{
+    constexpr std::string_view mark = "stereo";
+    return lowercase(std::string_view(source).substr(0, mark.size())) == mark;
+}

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "terrain/mapgrid.h"
-
 #include <array>
 #include <cstdint>
 #include <string>
@@ -18,24 +16,26 @@ inline constexpr std::int16_t observation = 4;
 
 /// A picture's data beside its pixels. Corners go clockwise from the top left.
 struct Picture {
-    std::string source;
-    std::string Filename;
+    std::string source;   ///< where it came from, as the status line shows it
+    std::string Filename; ///< path of the raster; a made-up name while it isn't saved
     std::int16_t Pictype = pictype::plain;
     std::array<float, 4> lon{}; ///< lon1 to lon4, degrees
     std::array<float, 4> lat{}; ///< lat1 to lat4, degrees
     /// 3D values: amplx, phi, theta, disto, aper, size, ofx, ofy, w3, h3, q3.
     std::array<float, 11> view{};
-    std::int16_t Mapmode = 0;
-    std::uint8_t city = 0; ///< 0 or 255
-    float light = 0, bri = 0, con = 0;
-    std::uint8_t c1 = 0, c2 = 0;
-    float hmin = 0, hmax = 0, hmoy = 0;
-    float minx = 0, maxx = 0;
-    int scalewidth = 0; ///< size of the surface, pixels
-    int scaleheight = 0;
+    std::int16_t Mapmode = 0;            ///< drawing mode of a rendered map
+    std::uint8_t city = 0;               ///< 0 or 255
+    float light = 0;                     ///< azimuth, degrees
+    float bri = 0, con = 0;              ///< percent
+    std::uint8_t c1 = 0, c2 = 0;         ///< contour flags, as in the map record
+    float hmin = 0, hmax = 0, hmoy = 0;  ///< of the map it was rendered from, m
+    float minx = 0, maxx = 0;            ///< floor and ceiling of the rendering, m
+    int scalewidth = 0, scaleheight = 0; ///< size of the surface, pixels
 
     /// The world map, which most loops over pictures leave out.
     bool isworld() const { return source == "Mappemonde"; }
     /// A stereo picture carries no overlay and no crosshair.
     bool isstereo() const;
+    /// Pixels have positions: a map or a picture of four corners.
+    bool isplaced() const { return Pictype > pictype::plain && Pictype < pictype::view3d; }
 };

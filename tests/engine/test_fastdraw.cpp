@@ -111,11 +111,11 @@ bool reachesmultiple(const Ground& ground, int interval, int x, int y)
 TEST(Fastdraw, PaintsEveryPixelOfTheGridAndNothingBeside)
 {
     const Ground ground(300, 260, hills);
-    std::vector<std::uint32_t> pixels(512 * 512, untouched);
+    std::vector<std::uint32_t> pixels(std::size_t{512} * 512, untouched);
     fastdraw(ground.view(), mode(5), rising(0, 1000), {pixels.data(), 512, 0, 0, 511, 511});
     for (int y = 0; y < 512; ++y)
         for (int x = 0; x < 512; ++x) {
-            const std::uint32_t pixel = pixels[static_cast<std::size_t>(y * 512 + x)];
+            const std::uint32_t pixel = pixels[static_cast<std::size_t>(y) * 512 + static_cast<std::size_t>(x)];
             if (x < 300 && y < 260)
                 ASSERT_EQ(pixel >> 24, 0xFFU) << x << " " << y;
             else
