@@ -1,0 +1,202 @@
+#include "pictures/paint/openpictures.h"
+
+#include "app/base/hooks.h"
+#include "app/base/numbers.h"
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "pictures/colours.h"
+#include "pictures/paint/overlay.h"
+#include "pictures/paint/picturefile.h"
+#include "pictures/sidecar.h"
+#include "terrain/mapgrid.h"
+
+#include <algorithm>
+#include <optional>
+
+std::vector<std::unique_ptr<OpenPicture>> openpictures;
+OpenPicture* currentpic = nullptr;
+int picseq = 0;
+bool newpic = false;
+PictureHooks picturehooks;
+
+namespace
+{
+
+/// Shows the busy pointer while it lives.
+struct Busy {
+    Busy() { hooks.busypointer(true); }
+    ~Busy() { hooks.busypointer(false); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+};
+
+std::string captionof(const std::string& name)
+{
+    return "..\\" + nameof(name);
+}
+
+/// The name under which a raster is found: as given, beside the network, in the program's folder.
+std::optional<std::string> locate(const std::string& name)
+{
+    if (findfile(name))
+        return name;
+    const std::string file = nameof(name);
+    if (file.empty())
+        return std::nullopt;
+    std::string beside = pathof(session.netfile) + file;
+    if (findfile(beside))
+        return beside;
+    return findprogramfile(file);
+}
+
+OpenPicture* findopen(const std::string& name)
+{
+    for (const auto& picture : openpictures)
+        if (!picture->data.isworld() && lowercase(trimmed(picture->data.Filename)) == name)
+            return picture.get();
+    return nullptr;
+}
+
+OpenPicture& addnew()
+{
+    openpictures.push_back(std::make_unique<OpenPicture>());
+    openpictures.back()->data.source = "Image utilisateur";
+    return *openpictures.back();
+}
+
+/// Takes the raster of a file and what lies beside it.
+void loadfiles(OpenPicture& picture, const std::string& name)
+{
+    constexpr std::size_t enough = 65536; // bytes; the texts beside a raster are short
+    const auto file = findfile(name);
+    const QImage raster = file ? readraster(*file) : QImage();
+    if (raster.isNull()) {
+        resizepicture(picture, mapgrid.width, mapgrid.height);
+        return;
+    }
+    resizepicture(picture, raster.width(), raster.height());
+    picture.surface.kept = raster;
+    if (picture.data.Pictype == pictype::fourcorners)
+        picture.data.Pictype = pictype::plain;
+    const auto text = [&name](const char* extension) -> std::optional<std::string> {
+        const auto path = findfile(companion(name, extension));
+        return path ? readfile(*path, enough) : std::nullopt;
+    };
+    if (const auto sidecar = text("dat"))
+        parsesidecar(*sidecar, picture.data);
+    else if (const auto adr = text("adr"))
+        parseadr(*adr, picture.data);
+}
+
+/// Saves the raster under a name that says .bmp; false when it couldn't be written.
+bool saveraster(OpenPicture& picture, const std::string& name)
+{
+    const Busy busy;
+    if (!writebmp(targetpath(name), surfaceimage(picture.surface)))
+        return false;
+    hooks.setlabel2(nameof(name) + " a été enregistrée");
+    return true;
+}
+
+bool agreed(const std::string& text)
+{
+    return hooks.askuser({text, Question::Buttons::yesno, Question::Icon::question}) == Answer::yes;
+}
+
+} // namespace
+
+OpenPicture* openpic(const std::string& given, int requested)
+{
+    std::string name = lowercase(unquoted(given));
+    const bool untitled = name.empty();
+    if (!untitled) {
+        const auto found = locate(name);
+        if (!found && requested > -1)
+            return nullptr;
+        name = lowercase(found.value_or(name));
+    }
+    const Busy busy;
+    if (untitled)
+        name = "Image" + std::to_string(++picseq) + ".bmp";
+    OpenPicture* existing = untitled ? nullptr : findopen(name);
+    OpenPicture& picture = existing != nullptr ? *existing : addnew();
+    picture.blank = picture.blank || untitled;
+    picture.data.Pictype = static_cast<std::int16_t>(requested);
+    picture.data.Filename = name;
+    picture.caption = captionof(name);
+    picture.data.lon.fill(0);
+    picture.data.lat.fill(0);
+    if (requested <= -1 || picture.blank)
+        resizepicture(picture, mapgrid.width, mapgrid.height);
+    else
+        loadfiles(picture, name);
+    if (picture.data.Pictype < 0)
+        picture.data.Pictype = pictype::map;
+    currentpic = &picture;
+    picturehooks.showpicture(picture);
+    return &picture;
+}
+
+void savepic(OpenPicture& picture, const std::string& name)
+{
+    constexpr std::size_t extension = 3;
+    const std::string ending =
+        lowercase(name.substr(name.size() - std::min(name.size(), extension)));
+    if (ending == "bmp") {
+        if (!saveraster(picture, name))
+            return;
+    } else if (!agreed(name +
+                       " n'est pas en format BMP\nSauvegarder quand même le fichier .DAT?")) {
+        return;
+    }
+    picture.caption = captionof(name);
+    picture.data.Filename = name;
+    picture.blank = false;
+    picturehooks.picturechanged(picture, {});
+    const std::string sidecar = companion(name, "dat");
+    if (findfile(sidecar) && !agreed("Écraser " + sidecar + "?"))
+        return;
+    const Busy busy;
+    if (writefile(targetpath(sidecar), sidecartext(picture.data)))
+        hooks.setlabel2(nameof(sidecar) + " a été enregistrée");
+}
+
+void closepicture(OpenPicture& picture)
+{
+    if (currentpic == &picture)
+        currentpic = nullptr;
+    picturehooks.closewindow(picture);
+    std::erase_if(openpictures, [&picture](const auto& open) { return open.get() == &picture; });
+}
+
+void resizepicture(OpenPicture& picture, int width, int height)
+{
+    resizesurface(picture.surface, width, height);
+    picture.data.scalewidth = picture.surface.width();
+    picture.data.scaleheight = picture.surface.height();
+    picture.marks = {};
+    picturehooks.fitpic(picture);
+}
+
+std::vector<std::string> picturenames()
+{
+    std::vector<std::string> names;
+    for (const auto& picture : openpictures)
+        if (!picture->data.isworld())
+            names.push_back(lowercase(trimmed(picture->data.Filename)));
+    return names;
+}
+
+void connectpictures()
+{
+    hooks.openpicture = [](const std::string& name, int requested) { openpic(name, requested); };
+    hooks.openpictures = picturenames;
+    hooks.placepicture = [](const std::string& name, const float* lon, const float* lat) {
+        if (OpenPicture* picture = findopen(lowercase(trimmed(name)))) {
+            std::copy_n(lon, picture->data.lon.size(), picture->data.lon.begin());
+            std::copy_n(lat, picture->data.lat.size(), picture->data.lat.begin());
+        }
+    };
+    hooks.erasenets = erasenets;
+    hooks.mapchanged = setcolors;
+}

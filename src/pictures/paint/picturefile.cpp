@@ -1,0 +1,42 @@
+#include "pictures/paint/picturefile.h"
+
+#include "app/base/paths.h"
+#include "pictures/sidecar.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+
+QImage readraster(const std::string& path)
+{
+    QImageReader reader(QString::fromStdString(path));
+    reader.setDecideFormatFromContent(true);
+    const QImage read = reader.read();
+    if (read.isNull())
+        return {};
+    QImage image(read.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter(&image).drawImage(QRect(QPoint(0, 0), read.size()), read);
+    return image;
+}
+
+bool writebmp(const std::string& path, const QImage& image, std::string* why)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.convertToFormat(QImage::Format_RGB888).save(&buffer, "BMP")) {
+        if (why != nullptr)
+            *why = "the image cannot be encoded";
+        return false;
+    }
+    const QByteArray& bytes = buffer.data();
+    return writefile(
+        path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())), why);
+}
+
+bool writepicture(const std::string& path, const QImage& image, const Picture& picture,
+                  std::string* why)
+{
+    return writebmp(path, image, why) &&
+           writefile(targetpath(companion(path, "dat")), sidecartext(picture), why);
+}

@@ -1,0 +1,286 @@
+#include "pictures/windows/frmPic.h"
+
+#include "app/base/hooks.h"
+#include "app/base/operation.h"
+#include "coordinates/positiontexts.h"
+#include "pictures/georeference.h"
+#include "pictures/layout.h"
+#include "pictures/paint/cursor.h"
+#include "pictures/windows/surfaceview.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+bool mousecoordinates = false;
+
+namespace
+{
+
+struct Position {
+    float lon, lat;
+};
+
+std::optional<Position> positionat(const Picture& picture, const QPointF& at)
+{
+    Position position{};
+    if (!pic2ll(picture, static_cast<float>(at.x()), static_cast<float>(at.y()), position.lon,
+                position.lat))
+        return std::nullopt;
+    return position;
+}
+
+QScrollBar* makebar(Qt::Orientation orientation, const QString& name, QWidget* parent)
+{
+    constexpr int page = 10; // pixels; what a press beside the slider moves
+    auto* bar = new QScrollBar(orientation, parent);
+    bar->setObjectName(name);
+    bar->setPageStep(page);
+    bar->hide();
+    return bar;
+}
+
+} // namespace
+
+frmPic::frmPic(OpenPicture& shown, QWidget* parent)
+    : QWidget(parent), entry(&shown), Picture1(new SurfaceView(shown, this)),
+      HScroll1(makebar(Qt::Horizontal, QStringLiteral("HScroll1"), this)),
+      VScroll1(makebar(Qt::Vertical, QStringLiteral("VScroll1"), this)), Picture2(new QWidget(this))
+{
+    setObjectName(QStringLiteral("frmPic"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFocusProxy(Picture1);
+    Picture2->setObjectName(QStringLiteral("Picture2"));
+    Picture2->setCursor(Qt::SizeFDiagCursor);
+    Picture2->installEventFilter(this);
+    Picture2->hide();
+    connect(Picture1, &SurfaceView::pressed, this, &frmPic::surfacepressed);
+    connect(Picture1, &SurfaceView::moved, this, &frmPic::surfacemoved);
+    connect(Picture1, &SurfaceView::focused, this, &frmPic::surfacefocused);
+    connect(HScroll1, &QScrollBar::valueChanged, this,
+            [this](int value) { Picture1->move(-value, Picture1->y()); });
+    connect(VScroll1, &QScrollBar::valueChanged, this,
+            [this](int value) { Picture1->move(Picture1->x(), -value); });
+    refresh({});
+    fitpic();
+}
+
+QSize frmPic::sizeHint() const
+{
+    return entry == nullptr ? QSize() : entry->surface.kept.size();
+}
+
+void frmPic::fitpic()
+{
+    if (entry == nullptr || isMinimized())
+        return;
+    const QSize size = entry->surface.kept.size();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const PictureLayout layout = layoutpicture(width(), height(), size.width(), size.height(), bar,
+                                               Picture1->x(), Picture1->y());
+    Picture1->setGeometry(QRect(QPoint(layout.left, layout.top), size));
+    HScroll1->setVisible(layout.hscroll);
+    VScroll1->setVisible(layout.vscroll);
+    if (layout.vscroll) {
+        VScroll1->setGeometry(width() - bar, 0, bar, layout.visibleheight);
+        VScroll1->setRange(0, size.height() - layout.visibleheight);
+        VScroll1->setValue(-layout.top);
+        Picture1->move(Picture1->x(), -VScroll1->value());
+    }
+    if (layout.hscroll) {
+        HScroll1->setGeometry(0, height() - bar, layout.visiblewidth, bar);
+        HScroll1->setRange(0, size.width() - layout.visiblewidth);
+        HScroll1->setValue(-layout.left);
+        Picture1->move(-HScroll1->value(), Picture1->y());
+    }
+    Picture2->setVisible(layout.hscroll && layout.vscroll);
+    Picture2->setGeometry(width() - bar, height() - bar, bar, bar);
+    Picture1->setFocus();
+}
+
+void frmPic::showmiddle()
+{
+    middleasked = !isVisible();
+    if (!VScroll1->isHidden())
+        VScroll1->setValue(VScroll1->maximum() / 2);
+    if (!HScroll1->isHidden())
+        HScroll1->setValue(HScroll1->maximum() / 2);
+}
+
+void frmPic::refresh(const QRect& part)
+{
+    if (entry == nullptr)
+        return;
+    if (part.isEmpty()) {
+        Picture1->update();
+        Picture1->setEnabled(entry->enabled);
+        setWindowTitle(QString::fromStdString(entry->caption));
+    } else {
+        Picture1->update(part);
+    }
+}
+
+void frmPic::release()
+{
+    entry = nullptr;
+    Picture1->release();
+}
+
+void frmPic::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitpic();
+}
+
+void frmPic::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    fitpic();
+    if (middleasked)
+        showmiddle();
+}
+
+void frmPic::closeEvent(QCloseEvent* event)
+{
+    if (entry != nullptr && opbusy > 0) {
+        opbusy = 0; // the first close only stops the work
+        event->ignore();
+        return;
+    }
+    if (OpenPicture* closing = entry) {
+        release();
+        closepicture(*closing);
+    }
+    event->accept();
+}
+
+void frmPic::surfacefocused(bool on)
+{
+    if (!on)
+        inFocus = false;
+    else if (entry != nullptr && opbusy == 0)
+        hooks.setlabel2(entry->data.source);
+}
+
+void frmPic::startselection(const QPoint& at)
+{
+    entry->marks.Shape2 = false;
+    selectionstart = selectionend = at;
+    selectiontext.clear();
+    hooks.setlabel2({});
+}
+
+void frmPic::surfacepressed(QMouseEvent* event)
+{
+    if (entry == nullptr)
+        return;
+    inFocus = true;
+    const QPoint at = event->position().toPoint();
+    const auto position = positionat(entry->data, at);
+    if (!position)
+        return;
+    const bool rightonselection = entry->marks.Shape2 && event->button() == Qt::RightButton;
+    if (rightonselection) {
+        if (event->modifiers().testFlag(Qt::ShiftModifier))
+            dragselection(at);
+        return;
+    }
+    startselection(at);
+    movecursor(position->lon, position->lat);
+}
+
+void frmPic::dragselection(const QPoint& at)
+{
+    constexpr int leastheight = 6; // pixels of a selection that counts
+    constexpr int leastwidth = 4;
+    selectionend = QPoint(std::clamp(at.x(), 0, entry->surface.width()),
+                          std::clamp(at.y(), 0, entry->surface.height()));
+    const int w = std::abs(selectionend.x() - selectionstart.x());
+    const int h = std::abs(selectionend.y() - selectionstart.y());
+    entry->marks.Shape2 = h >= leastheight && w >= leastwidth;
+    selectiontext.clear();
+    if (entry->marks.Shape2) {
+        entry->marks.selection = QRect(std::min(selectionstart.x(), selectionend.x()),
+                                       std::min(selectionstart.y(), selectionend.y()), w, h);
+        selectiontext = QStringLiteral(" Sélection L=%1 H=%2").arg(w).arg(h);
+    }
+    Picture1->update();
+}
+
+void frmPic::surfacemoved(QMouseEvent* event)
+{
+    if (entry == nullptr)
+        return;
+    const QPoint at = event->position().toPoint();
+    if (event->buttons() != Qt::NoButton && inFocus && entry->data.Pictype < pictype::view3d &&
+        opbusy == 0)
+        dragselection(at);
+    std::string text;
+    if (mousecoordinates) {
+        if (auto position = positionat(entry->data, at))
+            text = dmslon(position->lon) + "  " + dmslat(position->lat);
+    }
+    if (entry->marks.Shape2)
+        text += selectiontext.toStdString();
+    if (!text.empty())
+        hooks.setlabel2(text);
+}
+
+void frmPic::movehairs(int dx, int dy)
+{
+    const QPoint crossing(entry->marks.vertical.x1() + dx, entry->marks.horizontal.y1() + dy);
+    if (const auto position = positionat(entry->data, crossing))
+        movecursor(position->lon, position->lat);
+}
+
+void frmPic::keyPressEvent(QKeyEvent* event)
+{
+    if (entry == nullptr)
+        return;
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        if (opbusy > 0)
+            opbusy = 0;
+        hidecursor(*entry);
+        break;
+    case Qt::Key_Left:
+        movehairs(-1, 0);
+        break;
+    case Qt::Key_Right:
+        movehairs(1, 0);
+        break;
+    case Qt::Key_Up:
+        movehairs(0, -1);
+        break;
+    case Qt::Key_Down:
+        movehairs(0, 1);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void frmPic::dragedgrip(const QPoint& by)
+{
+    QWidget* outer = this;
+    if (auto* inmain = qobject_cast<QMdiSubWindow*>(parentWidget()))
+        outer = inmain;
+    if (!outer->isMaximized())
+        outer->resize(outer->width() + by.x(), outer->height() + by.y());
+}
+
+bool frmPic::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Picture2 && event->type() == QEvent::MouseButtonPress)
+        grippress = static_cast<QMouseEvent*>(event)->position().toPoint();
+    if (watched == Picture2 && event->type() == QEvent::MouseButtonRelease)
+        dragedgrip(static_cast<QMouseEvent*>(event)->position().toPoint() - grippress);
+    return QWidget::eventFilter(watched, event);
+}

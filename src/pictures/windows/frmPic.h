@@ -1,0 +1,68 @@
+#pragma once
+
+#include "pictures/paint/openpictures.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+
+class QScrollBar;
+class SurfaceView;
+
+/// The status line follows the mouse over pictures ("Coordonnées de la souris").
+extern bool mousecoordinates;
+
+/// A picture window: shows one entry of the list of open pictures, with scroll bars, mouse and
+/// keys.
+class frmPic : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit frmPic(OpenPicture& shown, QWidget* parent = nullptr);
+
+    /// The picture shown; none after it left the list.
+    OpenPicture* picture() const { return entry; }
+    /// Lays surface, scroll bars and grip out.
+    void fitpic();
+    /// A picture larger than its window shows its middle.
+    void showmiddle();
+    /// Paints a part of the picture again; everything when it is empty. Caption and state follow.
+    void refresh(const QRect& part);
+    /// The picture leaves the list: shows nothing from now on.
+    void release();
+
+    QSize sizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void surfacepressed(QMouseEvent* event);
+    void surfacemoved(QMouseEvent* event);
+    void surfacefocused(bool on);
+    void startselection(const QPoint& at);
+    void dragselection(const QPoint& at);
+    void movehairs(int dx, int dy);
+    void dragedgrip(const QPoint& by);
+
+    OpenPicture* entry;
+    SurfaceView* Picture1;
+    QScrollBar* HScroll1;
+    QScrollBar* VScroll1;
+    QWidget* Picture2; ///< grip between the bars
+    QPoint selectionstart, selectionend;
+    QString selectiontext;
+    QPoint grippress;
+    bool inFocus = false;
+    bool middleasked = false; ///< show the middle as soon as the window has its size
+};
+
+/// Gives every open picture a window, by the procedure that puts a widget into the main window.
+/// The window that shows a picture, or none: `windowof`.
+void connectpicturewindows(const std::function<void(QWidget*)>& addpicture);
+frmPic* windowof(const OpenPicture& picture);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "pictures/paint/openpictures.h"
+
+#include <QWidget>
+
+/// Shows a picture's surface pixel by pixel, sharp at every scale of the screen, with the marks of
+/// its window over it.
+class SurfaceView : public QWidget
+{
+    Q_OBJECT
+public:
+    SurfaceView(const OpenPicture& shown, QWidget* parent);
+
+    /// Nothing more is shown: the picture is gone.
+    void release() { picture = nullptr; }
+
+signals:
+    void pressed(QMouseEvent* event);
+    void moved(QMouseEvent* event);
+    /// The surface got or lost the keyboard.
+    void focused(bool on);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    const OpenPicture* picture;
+};
