@@ -23,8 +23,8 @@ Hooks::Hooks()
       setbusyinterface([](bool) {}), setprogress([](int) {}), refreshoperation([](int) {}),
       erasenets([] {}), openpicture([](const std::string&, int) {}),
       openpictures([] { return std::vector<std::string>(); }),
-      placepicture([](const std::string&, const float*, const float*) {}), mapchanged([] {}),
-      netsloaded([] {})
+      placepicture([](const std::string&, const float*, const float*) {}),
+      drawmap([](const std::string&) {}), mapchanged([] {}), netsloaded([] {})
 {
 }
 

@@ -47,6 +47,8 @@ struct Hooks {
     std::function<std::vector<std::string>()> openpictures;
     /// Corners of a picture that belongs to a map of the older format: its name, then the corners.
     std::function<void(const std::string&, const float* lon, const float* lat)> placepicture;
+    /// A map was built: the picture of this name is drawn from it, opened where it is not open.
+    std::function<void(const std::string&)> drawmap;
     /// A map was read or built: the colour scale must follow.
     std::function<void()> mapchanged;
     /// A network was read: its links must be evaluated.

@@ -1,0 +1,68 @@
+#include "app/base/hooks.h"
+#include "app/base/operation.h"
+#include "app/base/paths.h"
+#include "engine/getdted.h"
+#include "terrain/extraction.h"
+#include "terrain/outsidefile.h"
+#include "terrain/pass.h"
+
+#include <array>
+#include <cstdlib>
+#include <fmt/format.h>
+
+static constexpr std::size_t dtedroot = 0; // its place in session.drvpath
+
+using DtedNames = std::array<std::string, 5>;
+
+// The names under which a cell may stand, in the order in which they are tried: the finest level
+// first, then the long form of level 1, its short form, and level 0.
+static DtedNames dtednames(const std::string& root, int lon, int lat)
+{
+    const int wrapped = wrapdegrees(lon);
+    const std::string base =
+        fmt::format("{}DTED/{}{:03}", root, wrapped < 0 ? 'W' : 'E', std::abs(wrapped));
+    const std::string cell = fmt::format("{}{:02}", lat >= 0 ? 'N' : 'S', std::abs(lat));
+    const std::string longform = base + "0000/" + cell + "0000";
+    const std::string shortform = base + "/" + cell;
+    return {longform + ".DT2", shortform + ".DT2", longform + ".DT1", shortform + ".DT1",
+            shortform + ".DT0"};
+}
+
+// Resamples the cell in one file. False where it is missing or cannot be read.
+static bool readdted(const std::string& path, const PassFrame& frame, int lon, int lat)
+{
+    const auto found = findfile(path);
+    const auto file = found ? openbytes(*found) : std::nullopt;
+    const auto header = file ? dtedheader(*file) : std::nullopt;
+    if (!header)
+        return false;
+    const TilePlace place{frame.column(lon), frame.row(lat), 1 / (frame.columns * header->spacingx),
+                          1 / (frame.rows * header->spacingy)};
+    const TileStatus status =
+        getdted(passtable(), *file, *header, place, [](int column) { return opstep(column) != 0; });
+    return status != TileStatus::unreadable;
+}
+
+bool getDTED()
+{
+    const PassFrame frame = passframe();
+    const CellRange cells = cellrange(frame);
+    tilecount = cells.count;
+    beginop(Operation::dted);
+    const std::string root = sourceroot(dtedroot);
+    for (int lon = cells.west; lon <= cells.east; ++lon)
+        for (int lat = cells.south; lat <= cells.north; ++lat) {
+            hooks.pumpevents();
+            const DtedNames names = dtednames(root, lon, lat);
+            readtile("DTED", names.back(), [&] {
+                for (const std::string& name : names)
+                    if (readdted(name, frame, lon, lat))
+                        return true;
+                return false;
+            });
+            if (opbusy == 0)
+                return endpass();
+            ++optiles;
+        }
+    return endpass();
+}

@@ -1,0 +1,118 @@
+#include "terrain/pass.h"
+
+#include "app/base/hooks.h"
+#include "app/base/numbers.h"
+#include "app/base/operation.h"
+#include "app/base/session.h"
+#include "engine/getmapstat.h"
+#include "terrain/extraction.h"
+#include "terrain/mapgrid.h"
+
+#include <algorithm>
+#include <cmath>
+
+bool ignoremissing = false;
+
+PassFrame passframe()
+{
+    mapframe(mapgrid);
+    operationextent.upperx = mapgrid.upperx();
+    operationextent.uppery = mapgrid.uppery();
+
+    PassFrame frame;
+    frame.west = static_cast<double>(mapgrid.maplon[0]);
+    frame.east = static_cast<double>(mapgrid.maplon[2]);
+    frame.south = static_cast<double>(mapgrid.maplat[2]);
+    frame.north = static_cast<double>(mapgrid.maplat[0]);
+    const double dlon = frame.east - frame.west;
+    const double dlat = frame.north - frame.south;
+    if (std::isfinite(dlon) && std::isfinite(dlat) && dlon > 0 && dlat > 0) {
+        frame.columns = mapgrid.upperx() / dlon;
+        frame.rows = mapgrid.uppery() / dlat;
+    }
+    return frame;
+}
+
+HeightTable passtable()
+{
+    return {mapgrid.samples, mapgrid.width, mapgrid.height};
+}
+
+CellRange cellrange(const PassFrame& frame)
+{
+    if (!frame.usable())
+        return {0, -1, 0, -1, 0};
+    // Frames near a pole may go round the earth many times; the numbers stay whole all the same.
+    constexpr double most = 1e6;
+    const auto whole = [](double degrees, double lowest, double highest) {
+        return static_cast<int>(std::clamp(std::floor(degrees), lowest, highest));
+    };
+    CellRange cells{};
+    cells.west = whole(frame.west, -most, most);
+    cells.east = whole(frame.east, -most, most);
+    cells.south = static_cast<int>(std::max(-90.0, std::floor(frame.south)));
+    cells.north = static_cast<int>(std::min(89.0, std::floor(frame.north)));
+    cells.count = (cells.north - cells.south + 1) * (cells.east - cells.west + 1);
+    return cells;
+}
+
+int wrapdegrees(int lon)
+{
+    return ((lon + 180) % 360 + 360) % 360 - 180;
+}
+
+std::string sourceroot(std::size_t index)
+{
+    std::string root = session.drvpath.at(index);
+    if (root.size() == 1 && root != "/" && root != ".")
+        root += ":";
+    if (!root.ends_with('/') && !root.ends_with('\\'))
+        root += '/';
+    return root;
+}
+
+static Answer askmissing(const std::string& name, const std::string& path)
+{
+    return hooks.askuser({"Fichier " + name + " non trouvé.\n" + lowercase(path),
+                          Question::Buttons::abortretryignore, Question::Icon::exclamation});
+}
+
+void readtile(const std::string& name, const std::string& path, const std::function<bool()>& read)
+{
+    while (opbusy != 0 && !read()) {
+        if (ignoremissing)
+            return;
+        const Answer answer = askmissing(name, path);
+        if (answer == Answer::abort)
+            opbusy = 0;
+        if (answer != Answer::retry)
+            return;
+    }
+}
+
+static void statisticspass()
+{
+    beginop(Operation::statistics);
+    MapStatistics statistics{9999, -999, mapgrid.record.hmoy};
+    // The bar counts columns; the kernel goes row by row.
+    const double columnsperrow = static_cast<double>(mapgrid.width) / std::max(1, mapgrid.height);
+    getmapstat(passtable(), statistics, [columnsperrow](int row) {
+        return opstep(static_cast<std::int32_t>(row * columnsperrow)) != 0;
+    });
+    MapRecord& record = mapgrid.record;
+    record.hmin = statistics.hmin;
+    record.hmax = statistics.hmax;
+    record.hmoy = statistics.hmoy;
+    record.minx = record.hmin;
+    record.maxx = record.hmax;
+    hooks.mapchanged();
+}
+
+bool endpass()
+{
+    if (opbusy != 0)
+        statisticspass();
+    const bool complete = opbusy != 0;
+    endop();
+    return complete;
+}

@@ -1,0 +1,65 @@
+#include "app/base/bytes.h"
+#include "app/base/hooks.h"
+#include "app/base/operation.h"
+#include "app/base/paths.h"
+#include "engine/getterrain.h"
+#include "terrain/extraction.h"
+#include "terrain/pass.h"
+#include "terrain/szdd.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <fmt/format.h>
+
+static constexpr std::size_t terrainroot = 2; // its place in session.drvpath
+
+// Folder and file of a tile. Tiles are named by the longitude of their east edge, counted westward.
+static std::string terrainname(int lon, int lat)
+{
+    int west = -lon - 1;
+    if (west > 179)
+        west -= 360;
+    if (west < -180)
+        west += 360;
+    const int number = std::abs(west);
+    return fmt::format("m{:03}/{}{:03}{}{:02}.sd_", number, west >= 0 ? 'w' : 'e', number,
+                       lat >= 0 ? 'n' : 's', std::abs(lat));
+}
+
+// Expands a tile and copies it into the table. False where it is missing or not of a tile's size.
+static bool readterrain(const std::string& folder, const std::string& name, const TilePlace& place)
+{
+    std::array<std::int16_t, static_cast<std::size_t>(terrainside) * terrainside> tile{};
+    const auto content = expand(folder, name, sizeof tile);
+    if (!content || content->size() != sizeof tile)
+        return false;
+    ByteReader(asbytes(*content)).readblock(tile.data(), sizeof tile);
+    getterrain(passtable(), tile, place);
+    return true;
+}
+
+bool getTERRAIN()
+{
+    constexpr double samplesperdegree = terrainside - 1;
+    constexpr double margin = 0.01; // degrees beyond the frame that still call for a tile
+    const PassFrame frame = passframe();
+    const CellRange cells = cellrange(frame);
+    tilecount = cells.count;
+    beginop(Operation::terrain);
+    const std::string folder = sourceroot(terrainroot) + "terrain/";
+    const double step = samplesperdegree;
+    for (int lon = cells.west; frame.usable() && lon <= std::floor(frame.east + margin); ++lon)
+        for (int lat = cells.south; lat <= 89 && lat <= std::floor(frame.north + margin); ++lat) {
+            hooks.pumpevents();
+            const std::string name = terrainname(lon, lat);
+            const TilePlace place{frame.column(lon), frame.row(lat), step / frame.columns,
+                                  step / frame.rows};
+            readtile("TERRAIN", folder + name, [&] { return readterrain(folder, name, place); });
+            if (opbusy == 0)
+                return endpass();
+            ++optiles;
+            opstep(0);
+        }
+    return endpass();
+}
