@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <fmt/format.h>
 #include <map>
+#include <tuple>
 
 namespace
 {
@@ -23,7 +24,10 @@ constexpr std::size_t headerlimit = 65536; // bytes of a .hdr, far more than any
 struct Corner {
     int left;
     int top;
-    auto operator<=>(const Corner&) const = default;
+    bool operator<(const Corner& other) const
+    {
+        return std::tie(left, top) < std::tie(other.left, other.top);
+    }
 };
 
 int tilewidth(int top)
