@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 /// The geodetic system in force: a name, an ellipsoid, a lettering offset, and what the series for
 /// the meridian arc needs of them.
@@ -20,9 +21,9 @@ extern GeodeticSystem geosys;
 /// that cannot be read, ends the reading silently: what was read stands.
 void setgeosys(const std::string& filename);
 
-/// Reads the four values from the text of such a file into a system; false where the reading ended
-/// early.
-bool parsegeosys(const std::string& text, GeodeticSystem& system);
+/// Reads the four values from the bytes of such a file (Windows-1252) into a system; false where
+/// the reading ended early. The name may stand in double quotes; blanks around a value don't count.
+bool parsegeosys(std::string_view bytes, GeodeticSystem& system);
 
 /// Derives the eccentricities and arc coefficients from a and b. Axes that give no finite result
 /// leave the derived values as they were.

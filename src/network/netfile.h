@@ -15,7 +15,7 @@ enum class NetStatus {
     mapfile     ///< a map under the wrong name; nothing was read
 };
 
-/// A network file's content beside the tables.
+/// A network file's content beside the tables. The map's name stays where it cannot be read.
 struct NetFile {
     bool older = false;                ///< from before version 2000
     std::string mapname;               ///< UTF-8
@@ -35,11 +35,14 @@ std::string netbytes(const NetworkTables& tables, const std::string& map,
 void newnet(bool withname);
 
 /// Reads a network file and everything it names: pictures, map, evaluation. No message on failure;
-/// `lastnetstatus` tells.
+/// `lastnetstatus` tells. A file that ends early leaves the tables that it held, and nothing more
+/// happens; a map under a network's name leaves all tables, and the rest happens.
 void loadnet(const std::string& path);
+/// How the last `loadnet` ended.
 NetStatus lastnetstatus();
 
 /// Writes the network to a .net file, as a whole or not at all. A longer file keeps its bytes
 /// behind the new ones. A name with another extension writes nothing and counts as done. On failure
-/// a message is shown and `netdirty` stays. True when it counts as done.
-bool savenet(std::string& path);
+/// a message is shown, `netdirty` stays, and `why` receives the system's reason. True when it
+/// counts as done.
+bool savenet(const std::string& path, std::string* why = nullptr);

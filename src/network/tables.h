@@ -20,7 +20,7 @@ inline constexpr std::uint8_t noicon = 255;
 
 /// A station.
 struct Unit {
-    float lon = 0;                      ///< degrees, east positive; 0 in either: not placed
+    float lon = 0;                      ///< degrees, east positive
     float lat = 0;                      ///< degrees, north positive
     float elevation = 0;                ///< ground, m
     std::int16_t enabled = -1;          ///< non-zero: takes part in evaluation and drawing
@@ -29,6 +29,8 @@ struct Unit {
     std::int32_t backcolour = 0;        ///< label background
     FixedText<20> name;
 
+    /// A station at longitude 0 or latitude 0 has no place yet: it doesn't widen a map's extent.
+    /// (It is still drawn unless both are 0.)
     bool placed() const { return lon != 0 && lat != 0; }
     bool operator==(const Unit&) const = default;
 };
@@ -136,7 +138,8 @@ struct RoleNames {
 /// Names for the topology 0 to 2; anything else gives empty names.
 RoleNames rolenames(int topology);
 
-/// Slot by its number, or by its name when the text is no number and one slot alone has that name.
+/// Slot by its number, or by its name when the text is no whole number and one slot alone has that
+/// name, letter for letter.
 /// 0 when there is none.
 int findunit(const NetworkTables& tables, const std::string& text);
 int findsystem(const NetworkTables& tables, const std::string& text);

@@ -66,8 +66,13 @@ inline constexpr double degree = 0.017453292519943278;
 /// Radius of the earth in frame arithmetic, km.
 inline constexpr double earthradius_km = 6367;
 
-/// Replaces the samples by width x height zeros. The frame stays.
+/// Replaces the samples by width x height zeros. The frame stays. A width or height below 1 leaves
+/// the map without samples.
 void allocatemap(MapGrid& map, int width, int height);
+
+/// Tells the operation frame the bounds of the process's map; other maps don't matter to it. Who
+/// replaces samples other than by `allocatemap` calls it.
+void mapresized(const MapGrid& map);
 
 /// Derives the corners from the record's centre and size, with cells square on the ground at the
 /// centre. A size below 1 km becomes 1 km. Needs the samples' bounds.
@@ -77,6 +82,7 @@ void mapframe(MapGrid& map);
 ///   Given:    lon, lat  degrees
 ///   Returned: x, y      nearest cell, also when it lies outside
 ///             elev      height in m, unchanged when outside
+///   Errors:   a frame without extent gives false and changes nothing
 /// True when the position falls on the map. A map without samples gives true and changes nothing.
 bool maplookup(const MapGrid& map, float lon, float lat, float& x, float& y, float& elev);
 /// The same on the process's map.

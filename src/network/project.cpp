@@ -1,0 +1,178 @@
+#include "app/base/hooks.h"
+#include "app/base/numbers.h"
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "app/base/settings.h"
+#include "coordinates/geosys.h"
+#include "network/netfile.h"
+#include "terrain/mapfile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+static NetStatus laststatus = NetStatus::ok;
+
+NetStatus lastnetstatus()
+{
+    return laststatus;
+}
+
+static void gotofolder(const std::string& folder)
+{
+    std::error_code error; // a folder that has gone leaves the current one
+    if (!folder.empty())
+        fs::current_path(folder, error);
+}
+
+/// The screen's size in pixels, which an unloaded map takes, within reason.
+static std::pair<int, int> screenpixels()
+{
+    constexpr int most = 8192;
+    const auto [width, height] = hooks.screensize();
+    return {std::clamp(width, 1, most), std::clamp(height, 1, most)};
+}
+
+static void allocatescreenmap()
+{
+    const auto [width, height] = screenpixels();
+    allocatemap(mapgrid, width, height);
+}
+
+/// Folder in which the run began: new networks are named there.
+static const std::string& netfolder()
+{
+    static const std::string folder = [] {
+        std::error_code error;
+        return fs::current_path(error).string();
+    }();
+    return folder;
+}
+
+static void makenetname()
+{
+    static int counter = 0;
+    ++counter;
+    session.netfile = netfolder() + "/net" + std::to_string(counter) + ".net";
+    gotofolder(netfolder());
+    addrecent(session.netfile);
+}
+
+void newnet(bool withname)
+{
+    netfolder(); // the first call notes it
+    network = defaulttables();
+    allocatescreenmap();
+    if (withname)
+        makenetname();
+    setgeosys("geosys.dat");
+    mapgrid.record = MapRecord();
+    mapframe(mapgrid);
+    mapname = "default.map";
+    selection = Selection();
+    netdirty = false;
+}
+
+/// Centres the map on the placed stations, with a size that shows them all on this screen. Without
+/// any the centre is 0, 0, and the frame takes its least size.
+static void framestations(const NetworkTables& tables, MapRecord& record)
+{
+    float lonmax = -180;
+    float lonmin = 180;
+    float latmax = -90;
+    float latmin = 90;
+    for (std::size_t slot = 1; slot <= MAXUNIT; ++slot) {
+        const Unit& unit = tables.units[slot];
+        if (!unit.placed())
+            continue;
+        lonmax = std::max(lonmax, unit.lon);
+        lonmin = std::min(lonmin, unit.lon);
+        latmax = std::max(latmax, unit.lat);
+        latmin = std::min(latmin, unit.lat);
+    }
+    constexpr double kmperdegree = 120; // a degree of latitude and some margin
+    const auto [width, height] = screenpixels();
+    const auto wide = [](float value) { return static_cast<double>(value); };
+    record.maplon0 = static_cast<float>((wide(lonmin) + wide(lonmax)) / 2);
+    record.maplat0 = static_cast<float>((wide(latmin) + wide(latmax)) / 2);
+    const double lonspan =
+        (wide(lonmax) - wide(lonmin)) * std::cos(wide(record.maplat0) * degree) * height / width;
+    record.mapsize = static_cast<float>(kmperdegree * smax(wide(latmax) - wide(latmin), lonspan));
+}
+
+/// Reads the tables of the file and opens its pictures.
+static NetStatus readtables(const std::string& path)
+{
+    const std::optional<std::string> content = readfile(path);
+    if (!content)
+        return NetStatus::unreadable;
+    NetFile file;
+    file.mapname = mapname;
+    const NetStatus status = parsenet(asbytes(*content), network, file);
+    mapname = file.mapname;
+    for (const std::string& picture : file.pictures)
+        hooks.openpicture(picture, 2);
+    return status;
+}
+
+static NetStatus readproject(const std::string& path)
+{
+    const std::optional<std::string> found = path.ends_with("net") ? findfile(path) : std::nullopt;
+    if (!found)
+        return NetStatus::unreadable;
+    const NetStatus status = readtables(*found);
+    if (status != NetStatus::ok && status != NetStatus::mapfile)
+        return status;
+    framestations(network, mapgrid.record);
+    allocatescreenmap();
+    mapframe(mapgrid);
+    loadmap(mapname);
+    hooks.netsloaded();
+    gotofolder(pathof(*found));
+    return status;
+}
+
+void loadnet(const std::string& path)
+{
+    hooks.busypointer(true);
+    hooks.pumpevents();
+    session.netfile = lowercase(unquoted(path));
+    writesetting("LastProject", session.netfile);
+    addrecent(session.netfile);
+    laststatus = readproject(session.netfile);
+    netdirty = false;
+    hooks.busypointer(false);
+}
+
+/// The network's bytes over the file that is there: what a longer file has behind them stays.
+static bool writenet(const std::string& path, std::string* why)
+{
+    const std::string target = targetpath(path);
+    const std::string bytes = netbytes(network, mapname, hooks.openpictures());
+    const std::string old = readfile(target).value_or(std::string());
+    const std::string_view parts[] = {
+        bytes, std::string_view(old).substr(std::min(bytes.size(), old.size()))};
+    return writefile(target, parts, why);
+}
+
+bool savenet(const std::string& path, std::string* why)
+{
+    hooks.busypointer(true);
+    hooks.pumpevents();
+    if (lowercase(path).ends_with("net")) {
+        if (!writenet(path, why)) {
+            hooks.busypointer(false);
+            telluser(path + " impossible à enregistrer");
+            return false;
+        }
+        session.netfile = path;
+        writesetting("LastProject", session.netfile);
+    }
+    netdirty = false;
+    addrecent(session.netfile);
+    hooks.setlabel2(nameof(path) + " a été enregistré");
+    hooks.busypointer(false);
+    return true;
+}
