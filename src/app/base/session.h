@@ -10,6 +10,23 @@ inline constexpr const char* apptitle = "Velmora";
 /// Version as major.minor.revision.
 std::string appversion();
 
+/// What the layer of live positions starts with.
+struct LiveSettings {
+    std::int32_t gpsstatus = 0;   ///< bit field
+    std::int16_t gpsserial = 1;   ///< number of the serial port
+    std::int16_t gpsspeed = 4800; ///< bits per second
+    std::int16_t gpsunit = 1;     ///< station that the receiver drives
+    std::string gpslog = "GPS.TXT";
+    std::string gpsudp = "231.31.31.31"; ///< multicast group
+    std::int32_t gpsport = 3500;
+    std::int16_t gpsttl = 2;
+    float gpstx = 10;   ///< between transmissions, s
+    float gpsdraw = 10; ///< between redraws, s
+    float gpsplay = 2;  ///< between replayed fixes, s
+};
+/// Bit of `gpsstatus`: a log is being replayed.
+inline constexpr std::int32_t gpsreplaybit = 2;
+
 /// What a run of the program remembers beside the network and the map. One instance.
 struct Session {
     std::string netfile;               ///< full path of the current network file, lower case
@@ -26,6 +43,7 @@ struct Session {
     bool drawobject = true;      ///< overlay objects on new pictures
     float defh1 = 2;             ///< default antenna height of a link's left end, m
     float defh2 = 2;             ///< and of its right end, m
+    LiveSettings live;
 };
 extern Session session;
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/base/hooks.h"
+
+#include <QString>
+
+// What the entries of the main window's menus do. Each works on the main window and the tables.
+
+/// Asks for the network's new name and writes it. False when the user gave up, or it failed.
+bool savenetas();
+/// The same for the map.
+bool savemapas();
+/// The same for the active picture.
+bool savepictureas();
+
+void newnetworks();
+void opennetworks();
+void savenetworks();
+void openmap();
+void savemapcommand();
+void newpicture();
+void openpicture();
+void savepicture();
+/// Opens recent entry `index` (0 to 3), after `CleanNet`; nothing for one that is empty or open.
+void loadprevious(int index);
+void normalmode();
+void interferencemode();
+void closeprogram();
+
+void showhidetoolbar();
+void showhidestatusbar();
+void followmouse();
+
+void cascadewindows();
+void tilehorizontally();
+void tilevertically();
+void arrangeicons();
+
+void showabout();
+/// The stop signal of the running operation.
+void stopoperation();
+
+/// True when the menus say so: networks are drawn anew after each change.
+bool automaticdisplay();

@@ -1,0 +1,44 @@
+#include "app/windows/ending.h"
+
+#include "app/base/hooks.h"
+#include "app/base/operation.h"
+#include "app/base/session.h"
+#include "app/windows/cleannet.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/geometry.h"
+#include "app/windows/sessionstore.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+/// Handles pending events for a while, so that ports and sockets wind down.
+static void winddown(double seconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (double(clock.elapsed()) < seconds * 1000)
+        hooks.pumpevents();
+}
+
+bool queryending(frmMain& window)
+{
+    if (opbusy != 0) {
+        opbusy = 0;
+        return false;
+    }
+    const std::string text = std::string("Terminer l'exécution du logiciel ") + apptitle + "?";
+    if (hooks.askuser({text, Question::Buttons::yesno, Question::Icon::question}) != Answer::yes)
+        return false;
+    window.Timer1->stop();
+    storeplace(window);
+    storesession();
+    bool cancel = false;
+    CleanNet(cancel);
+    if (cancel) {
+        window.Timer1->start();
+        return false;
+    }
+    window.hide();
+    winddown(window.winddown_s);
+    return true;
+}

@@ -1,0 +1,170 @@
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "app/windows/askfile.h"
+#include "app/windows/cleannet.h"
+#include "app/windows/commands.h"
+#include "app/windows/frmMain.h"
+#include "network/netfile.h"
+#include "network/tables.h"
+#include "pictures/paint/drawmap.h"
+#include "pictures/paint/overlay.h"
+#include "radio/link.h"
+#include "terrain/mapfile.h"
+#include "terrain/mapgrid.h"
+
+#include <fmt/format.h>
+
+/// Tells in the status line that a file which the user has chosen could not be read.
+static void tellunreadable(const std::string& path)
+{
+    hooks.setlabel2(nameof(path) + " : fichier illisible");
+}
+
+void newnetworks()
+{
+    const std::string text = "Effacer toutes les données du réseau " + session.netfile;
+    if (hooks.askuser({text, Question::Buttons::yesno, Question::Icon::question}) != Answer::yes)
+        return;
+    bool cancel = false;
+    CleanNet(cancel);
+    if (!cancel)
+        newnet(true);
+}
+
+void opennetworks()
+{
+    bool cancel = false;
+    CleanNet(cancel);
+    if (cancel)
+        return;
+    const std::string path = askfilename({.title = "Ouvrir des réseaux",
+                                          .filter = "Fichier de réseaux (NET)",
+                                          .patterns = "*.net",
+                                          .offered = session.netfile});
+    if (path.empty())
+        return;
+    loadnet(path);
+    if (lastnetstatus() == NetStatus::unreadable || lastnetstatus() == NetStatus::truncated)
+        tellunreadable(path);
+}
+
+bool savenetas()
+{
+    std::string path = askfilename({.title = "Enregistrer les réseaux",
+                                    .filter = "Fichier de réseaux (NET)",
+                                    .patterns = "*.net",
+                                    .offered = session.netfile,
+                                    .saving = true,
+                                    .extension = "net"});
+    return !path.empty() && savenet(path);
+}
+
+void savenetworks()
+{
+    savenetas();
+}
+
+void openmap()
+{
+    const std::string path = askfilename({.title = "Ouvrir une carte",
+                                          .filter = "Fichier carte (MAP)",
+                                          .patterns = "*.map",
+                                          .offered = mapname});
+    if (path.empty())
+        return;
+    if (loadmap(path))
+        hooks.setlabel2(fmt::format("Largeur={} Hauteur={}", mapgrid.width, mapgrid.height));
+    else
+        tellunreadable(path);
+}
+
+bool savemapas()
+{
+    const std::string path = askfilename({.title = "Enregistrer la carte",
+                                          .filter = "Fichier carte (MAP)",
+                                          .patterns = "*.map",
+                                          .offered = mapname,
+                                          .saving = true,
+                                          .extension = "map"});
+    return !path.empty() && savemap(path);
+}
+
+void savemapcommand()
+{
+    savemapas();
+}
+
+void newpicture()
+{
+    newpic = true;
+    drawmap(nullptr, true);
+    newpic = false;
+}
+
+void openpicture()
+{
+    const std::string path = askfilename({.title = "Ouvrir une image",
+                                          .filter = "Fichier image",
+                                          .patterns = "*.bmp *.jpg *.jpeg *.gif"});
+    if (!path.empty())
+        openpic(path, 0);
+}
+
+bool savepictureas()
+{
+    OpenPicture* picture = mainwindow->activepicture();
+    if (!picture)
+        return false;
+    const std::string path = askfilename({.title = "Enregistrer l'image",
+                                          .filter = "Fichier image (BMP)",
+                                          .patterns = "*.bmp",
+                                          .offered = picture->data.Filename,
+                                          .saving = true,
+                                          .extension = "bmp"});
+    if (path.empty())
+        return false;
+    savepic(*picture, path);
+    return findfile(picture->data.Filename).has_value();
+}
+
+void savepicture()
+{
+    savepictureas();
+}
+
+void loadprevious(int index)
+{
+    if (index < 0 || index >= static_cast<int>(session.recent.size()))
+        return;
+    const std::string path = session.recent[static_cast<std::size_t>(index)];
+    if (path.empty() || path == session.netfile)
+        return;
+    bool cancel = false;
+    CleanNet(cancel);
+    if (!cancel)
+        loadnet(path);
+}
+
+static void setmode(std::int16_t mode)
+{
+    interf = mode;
+    mainwindow->setchecked("mnuFileModeNormal", mode == 0);
+    mainwindow->setchecked("mnuFileModeInterf", mode == 1);
+    hooks.setlabel2("");
+    drawnets(); // tells the mode of interference
+}
+
+void normalmode()
+{
+    setmode(0);
+}
+
+void interferencemode()
+{
+    setmode(1);
+}
+
+void closeprogram()
+{
+    mainwindow->close();
+}

@@ -1,0 +1,8 @@
+#include "app/windows/icons.h"
+
+#include <QDir>
+
+void useicons()
+{
+    Q_INIT_RESOURCE(icons);
+}

@@ -1,0 +1,56 @@
+#include "app/windows/shellhooks.h"
+
+#include "app/base/hooks.h"
+#include "app/windows/askbox.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/statusbar.h"
+#include "pictures/paint/overlay.h"
+#include "pictures/windows/frmPic.h"
+
+#include <QApplication>
+#include <QScreen>
+
+static void busypointer(bool busy)
+{
+    if (busy && !QApplication::overrideCursor())
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    while (!busy && QApplication::overrideCursor())
+        QApplication::restoreOverrideCursor();
+}
+
+void fillhooks()
+{
+    hooks.askuser = askbox;
+    hooks.pumpevents = [] { QApplication::processEvents(); };
+    hooks.busypointer = busypointer;
+    hooks.setlabel1 = [](const std::string& text) {
+        if (mainwindow)
+            mainwindow->Picture2->settext1(QString::fromStdString(text));
+    };
+    hooks.setlabel2 = [](const std::string& text) {
+        if (mainwindow)
+            mainwindow->Picture2->settext2(QString::fromStdString(text));
+    };
+    hooks.screensize = [] {
+        const QSize size = QApplication::primaryScreen()->size();
+        return std::pair(size.width(), size.height());
+    };
+    hooks.recentchanged = [] {
+        if (mainwindow)
+            mainwindow->showrecent();
+    };
+    hooks.setbusyinterface = [](bool busy) {
+        if (mainwindow)
+            mainwindow->setbusy(busy);
+    };
+    hooks.setprogress = [](int percent) {
+        if (mainwindow)
+            mainwindow->Picture2->setprogress(percent);
+    };
+    connectpictures();
+    connectpicturewindows([](QWidget* picture) {
+        if (mainwindow)
+            mainwindow->addpicture(picture);
+    });
+    hooks.netsloaded = shownetwork;
+}

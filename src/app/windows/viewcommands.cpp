@@ -1,0 +1,60 @@
+#include "app/base/operation.h"
+#include "app/windows/arrange.h"
+#include "app/windows/commands.h"
+#include "app/windows/frmAbout.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/statusbar.h"
+#include "app/windows/toolbar.h"
+#include "pictures/windows/frmPic.h"
+
+#include <QMdiArea>
+
+void showhidetoolbar()
+{
+    mainwindow->Picture1->setVisible(mainwindow->checked("mnuViewToolbar"));
+}
+
+void showhidestatusbar()
+{
+    mainwindow->Picture2->setwanted(mainwindow->checked("mnuViewStatus"));
+}
+
+void followmouse()
+{
+    mousecoordinates = mainwindow->checked("mnuMouseCoor");
+}
+
+bool automaticdisplay()
+{
+    return mainwindow->checked("mnuViewAuto");
+}
+
+void cascadewindows()
+{
+    arrangewindows(*mainwindow->area, Arrangement::cascade);
+}
+
+void tilehorizontally()
+{
+    arrangewindows(*mainwindow->area, Arrangement::horizontal);
+}
+
+void tilevertically()
+{
+    arrangewindows(*mainwindow->area, Arrangement::vertical);
+}
+
+void arrangeicons()
+{
+    arrangewindows(*mainwindow->area, Arrangement::icons);
+}
+
+void showabout()
+{
+    frmAbout(mainwindow).exec();
+}
+
+void stopoperation()
+{
+    opbusy = 0;
+}

@@ -1,0 +1,98 @@
+#include "app/base/operation.h"
+#include "app/base/session.h"
+#include "app/base/settings.h"
+#include "app/windows/ending.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/shelltest.h"
+#include "network/tables.h"
+
+#include <QTest>
+#include <QTimer>
+
+static const std::string endquestion = "Terminer l'exécution du logiciel Velmora?";
+
+using Ending = ShellTest;
+
+TEST_F(Ending, TheFirstRequestOnlyStopsARunningOperation)
+{
+    start();
+    opbusy = 7;
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(opbusy, 0);
+    EXPECT_TRUE(window->isVisible());
+    expectquestion(endquestion, Answer::yes);
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(Ending, AnythingButYesKeepsTheProgram)
+{
+    start();
+    expectquestion(endquestion, Answer::no);
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(window->Timer1->isActive());
+    EXPECT_EQ(getsetting("DrawFontName", "none"), "none") << "nothing was stored";
+}
+
+TEST_F(Ending, StoresThePlaceOfANormalWindowAndTheSession)
+{
+    start();
+    window->move(40, 50);
+    window->resize(700, 500);
+    session.drawfontname = "DejaVu Sans";
+    session.recent = {"/a/x.net", "", "", ""};
+    expectquestion(endquestion, Answer::yes);
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(window->Timer1->isActive());
+    EXPECT_EQ(getsetting("MainLeft", ""), "400");
+    EXPECT_EQ(getsetting("MainTop", ""), "500");
+    EXPECT_EQ(getsetting("MainWidth", ""), "7000");
+    EXPECT_EQ(getsetting("MainHeight", ""), "5000");
+    EXPECT_EQ(getsetting("DrawFontName", ""), "DejaVu Sans");
+    EXPECT_EQ(getsetting("Previous0", ""), "/a/x.net");
+    EXPECT_EQ(getsetting("Previous1", "none"), "");
+}
+
+TEST_F(Ending, RemembersAMaximisedWindowByZeros)
+{
+    start();
+    window->showMaximized();
+    expectquestion(endquestion, Answer::yes);
+    EXPECT_TRUE(window->close());
+    for (const char* key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
+        EXPECT_EQ(getsetting(key, "none"), "0") << key;
+}
+
+TEST_F(Ending, CancelAtAnUnsavedNetworkKeepsTheProgramButTheSettingsAreStored)
+{
+    start();
+    addpicture("a.bmp");
+    netdirty = true;
+    expectquestion(endquestion, Answer::yes);
+    expectquestion("Enregistrer " + session.netfile + "?", Answer::cancel);
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->childwindows().size(), 1U);
+    EXPECT_TRUE(window->Timer1->isActive()) << "live positions go on";
+    EXPECT_EQ(getsetting("DrawFontName", "none"), "MS Sans Serif");
+}
+
+TEST_F(Ending, TheFileMenuEndsTheProgramToo)
+{
+    start();
+    expectquestion(endquestion, Answer::yes);
+    choose("mnuFileExit");
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(Ending, GivesPortsTimeToWindDown)
+{
+    start();
+    window->winddown_s = 0.2;
+    bool handled = false;
+    QTimer::singleShot(50, [&handled] { handled = true; });
+    expectquestion(endquestion, Answer::yes);
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(handled);
+}

@@ -1,0 +1,109 @@
+#include "app/base/operation.h"
+#include "app/windows/commands.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/shelltest.h"
+#include "app/windows/statusbar.h"
+#include "app/windows/toolbar.h"
+#include "pictures/windows/frmPic.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+class FrmMain : public ShellTest
+{
+protected:
+    void SetUp() override { start(); }
+};
+
+TEST_F(FrmMain, ListsItsChildrenInTheOrderOfTheirOpening)
+{
+    QWidget* a = addpicture("a.bmp");
+    QWidget* b = addpicture("b.bmp");
+    QWidget* c = addpicture("c.bmp");
+    EXPECT_EQ(window->activechild(), c);
+    window->area->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(a->parentWidget()));
+    EXPECT_EQ(window->activechild(), a);
+    EXPECT_THAT(window->childwindows(), testing::ElementsAre(a, b, c));
+    b->parentWidget()->close();
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_THAT(window->childwindows(), testing::ElementsAre(a, c));
+}
+
+TEST_F(FrmMain, ShowsThePlaceOfTheMouse)
+{
+    window->coor(-73.25F, 45.5F);
+    EXPECT_EQ(label2(), "073°15'00\"O  45°30'00\"N");
+}
+
+TEST_F(FrmMain, TogglesToolbarStatusBarAndCheckMarks)
+{
+    choose("mnuViewToolbar");
+    EXPECT_FALSE(window->Picture1->isVisible());
+    EXPECT_FALSE(window->checked("mnuViewToolbar"));
+    choose("mnuViewToolbar");
+    EXPECT_TRUE(window->Picture1->isVisible());
+    choose("mnuViewStatus");
+    EXPECT_FALSE(window->Picture2->isVisible());
+    choose("mnuMouseCoor");
+    EXPECT_TRUE(mousecoordinates);
+    choose("mnuMouseCoor");
+    EXPECT_FALSE(mousecoordinates);
+    EXPECT_TRUE(automaticdisplay());
+    choose("mnuViewAuto");
+    EXPECT_FALSE(automaticdisplay());
+}
+
+TEST_F(FrmMain, MinimisingClosesTheDialogsButNotThePictures)
+{
+    const std::vector<const char*> names{"frmGrid",   "frmLink",   "frmMapPro",
+                                         "frmCustom", "frmObject", "frmDebug"};
+    std::vector<std::unique_ptr<QDialog>> dialogs;
+    for (const char* name : names) {
+        dialogs.push_back(std::make_unique<QDialog>());
+        dialogs.back()->setObjectName(QString::fromLatin1(name));
+        dialogs.back()->show();
+    }
+    addpicture("a.bmp");
+    window->showMinimized();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dialogs.back()->isVisible(); }, 2000));
+    for (const auto& dialog : dialogs)
+        EXPECT_FALSE(dialog->isVisible()) << dialog->objectName().toStdString();
+    EXPECT_EQ(window->childwindows().size(), 1U);
+}
+
+TEST_F(FrmMain, AnOperationDisablesThePicturesSurfacesOnly)
+{
+    QWidget* picture = addpicture("a.bmp");
+    const auto* surface = picture->findChild<QWidget*>(QStringLiteral("Picture1"));
+    ASSERT_NE(surface, nullptr);
+    beginop(Operation::drawmap);
+    EXPECT_FALSE(surface->isEnabled());
+    EXPECT_TRUE(picture->isEnabled());
+    endop();
+    EXPECT_TRUE(surface->isEnabled());
+    EXPECT_EQ(picture->focusWidget(), surface);
+}
+
+TEST_F(FrmMain, EscapeAndTheStopMenuStopAnOperation)
+{
+    beginop(Operation::drawmap);
+    choose("mnuStop");
+    EXPECT_EQ(opstep(1), 0);
+    endop();
+    EXPECT_EQ(label2(), "Arrêté par l'utilisateur.");
+    EXPECT_EQ(window->action("mnuStop")->shortcut(), QKeySequence(Qt::Key_Escape));
+}
+
+TEST_F(FrmMain, AMenuProcedureThatFailsDoesNotEndTheProgram)
+{
+    hooks.setlabel2 = [](const std::string&) { throw std::runtime_error("label"); };
+    choose("mnuFileModeNormal");
+    EXPECT_TRUE(window->isVisible());
+}

@@ -1,0 +1,106 @@
+#include "app/base/operation.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/shelltest.h"
+#include "app/windows/statusbar.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QTest>
+
+class StatusBarTest : public ShellTest
+{
+protected:
+    void SetUp() override
+    {
+        start();
+        window->resize(900, 500);
+        QTest::qWait(1);
+    }
+    StatusBar& bar() { return *window->Picture2; }
+};
+
+TEST_F(StatusBarTest, ShowsThreeDarkLightsAndReady)
+{
+    hooks.setlabel1("Prêt");
+    EXPECT_EQ(label1(), "Prêt");
+    EXPECT_EQ(bar().Label3[0]->text(), QStringLiteral("Rx"));
+    EXPECT_EQ(bar().Label3[1]->text(), QStringLiteral("Tx"));
+    EXPECT_EQ(bar().Label3[2]->text(), QStringLiteral("GPS"));
+    for (const Lamp* lamp : bar().Shape2)
+        EXPECT_EQ(lamp->colour(), QColor(0, 96, 0));
+}
+
+TEST_F(StatusBarTest, PanelsStandAtTheRightAndTheTextTakesTheRest)
+{
+    const int before = bar().Label2->width();
+    const int right = bar().width() - bar().Label1->geometry().right();
+    window->resize(1100, 500);
+    QTest::qWait(1);
+    EXPECT_EQ(bar().Label2->width(), before + 200);
+    EXPECT_EQ(bar().width() - bar().Label1->geometry().right(), right);
+    EXPECT_LT(bar().Label2->geometry().right(), bar().Shape2[0]->x());
+    EXPECT_LT(bar().Shape2[0]->x(), bar().Shape2[1]->x());
+    EXPECT_LT(bar().Label3[2]->geometry().right(), bar().Label1->x());
+}
+
+TEST_F(StatusBarTest, MakesRoomForALongPosition)
+{
+    const std::string position = "073°15'02\"O  45°30'12\"N  <Hors des limites de la carte>";
+    hooks.setlabel1(position);
+    EXPECT_GE(bar().Label1->width(),
+              bar().fontMetrics().horizontalAdvance(QString::fromStdString(position)));
+    const int width = bar().Label1->width();
+    hooks.setlabel1("Prêt");
+    EXPECT_EQ(bar().Label1->width(), width) << "panels don't jump back and forth";
+}
+
+TEST_F(StatusBarTest, AShareOfTheFrameIsTheProgress)
+{
+    EXPECT_FALSE(bar().Shape1[1]->isVisible());
+    hooks.setprogress(25);
+    EXPECT_TRUE(bar().Shape1[0]->isVisible());
+    EXPECT_TRUE(bar().Shape1[1]->isVisible());
+    EXPECT_EQ(bar().Shape1[0]->width(), bar().Shape1[1]->width() * 25 / 100);
+    hooks.setprogress(100);
+    EXPECT_EQ(bar().Shape1[0]->width(), bar().Shape1[1]->width());
+    hooks.setprogress(0);
+    EXPECT_FALSE(bar().Shape1[0]->isVisible());
+    EXPECT_FALSE(bar().Shape1[1]->isVisible());
+}
+
+TEST_F(StatusBarTest, PaintsNoProgressWhileHidden)
+{
+    choose("mnuViewStatus");
+    EXPECT_FALSE(bar().isVisible());
+    hooks.setprogress(50);
+    EXPECT_FALSE(bar().Shape1[1]->isVisibleTo(&bar()));
+    choose("mnuViewStatus");
+    EXPECT_TRUE(bar().isVisible());
+}
+
+TEST_F(StatusBarTest, GoesWhenTheWindowIsTooNarrow)
+{
+    window->resize(99, 300); // 990 window units
+    QTest::qWait(1);
+    EXPECT_FALSE(bar().isVisible());
+    window->resize(100, 300);
+    QTest::qWait(1);
+    EXPECT_TRUE(bar().isVisible());
+    choose("mnuViewStatus");
+    window->resize(900, 300);
+    QTest::qWait(1);
+    EXPECT_FALSE(bar().isVisible()) << "the user's choice outlives a resize";
+}
+
+TEST_F(StatusBarTest, AnOperationRunsItsFrame)
+{
+    beginop(Operation::statistics);
+    EXPECT_EQ(label2(), "Compilation des statistiques de la carte...");
+    EXPECT_FALSE(window->action("mnuFile")->isEnabled());
+    EXPECT_TRUE(bar().Shape1[1]->isVisible());
+    endop();
+    EXPECT_EQ(label2(), "Complété.");
+    EXPECT_EQ(label1(), "Prêt");
+    EXPECT_FALSE(bar().Shape1[1]->isVisible());
+    EXPECT_TRUE(window->action("mnuFile")->isEnabled());
+}
