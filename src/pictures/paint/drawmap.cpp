@@ -121,6 +121,8 @@ OpenPicture* drawmap(OpenPicture* picture, bool commit)
         if (commit)
             keep(picture->surface);
         takevalues(picture->data);
+        if (mapgrid.cities != 0)
+            drawcities(*picture, commit, "cities.dat");
         if (mapgrid.record.Mapmode == mapmode::rainbow && colours.showlegend != 0) {
             drawlegend(*picture);
             if (commit)

@@ -7,6 +7,8 @@
 #include <QImageReader>
 #include <QPainter>
 
+#include <cstdio>
+
 QImage readraster(const std::string& path)
 {
     QImageReader reader(QString::fromStdString(path));
@@ -37,6 +39,16 @@ bool writebmp(const std::string& path, const QImage& image, std::string* why)
 bool writepicture(const std::string& path, const QImage& image, const Picture& picture,
                   std::string* why)
 {
-    return writebmp(path, image, why) &&
-           writefile(targetpath(companion(path, "dat")), sidecartext(picture), why);
+    // The sidecar goes first and comes back when the raster fails: a pair never disagrees.
+    const std::string sidecar = targetpath(companion(path, "dat"));
+    const auto old = readfile(sidecar);
+    if (!writefile(sidecar, sidecartext(picture), why))
+        return false;
+    if (writebmp(targetpath(path), image, why))
+        return true;
+    if (old)
+        writefile(sidecar, *old);
+    else
+        std::remove(sidecar.c_str());
+    return false;
 }
