@@ -84,9 +84,11 @@ void paintline(QPainter& painter, const QLineF& line, const QColor& colour, int 
 void drawlink(OpenPicture& picture, const QLineF& line, int lineclass, bool opaque)
 {
     picture.surface.over.emplace_back([line, pen = linepen(lineclass), opaque](QPainter& painter) {
+        // The dark edge is smooth; the bright line keeps the pure colour of its class.
         painter.setRenderHint(QPainter::Antialiasing);
         if (opaque)
             paintline(painter, line, pen.dark, pen.darkwidth, false);
+        painter.setRenderHint(QPainter::Antialiasing, false);
         paintline(painter, line, pen.bright, pen.width, pen.dotted);
     });
 }
