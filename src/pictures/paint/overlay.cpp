@@ -71,14 +71,16 @@ LinePen linepen(int lineclass)
     }
 }
 
-/// Lines go through the middle of the pixels that they join, and end in them.
+/// Lines of odd width go through the middle of pixels, of even width between them, so that their
+/// edges are sharp where the line is level or upright.
 void paintline(QPainter& painter, const QLineF& line, const QColor& colour, int width, bool dotted)
 {
     QPen pen(colour, width, Qt::SolidLine, Qt::FlatCap);
     if (dotted)
         pen.setDashPattern({3, 3});
     painter.setPen(pen);
-    painter.drawLine(line.translated(0.5, 0.5));
+    const double shift = width % 2 != 0 ? 0.5 : 0;
+    painter.drawLine(line.translated(shift, shift));
 }
 
 void drawlink(OpenPicture& picture, const QLineF& line, int lineclass, bool opaque)
@@ -186,6 +188,13 @@ void drawlinks()
         }
 }
 
+/// A map was read: what stands in for a missing one is level and lies at 0.
+bool hasground()
+{
+    return std::any_of(mapgrid.samples.begin(), mapgrid.samples.end(),
+                       [](std::int16_t height) { return height != 0; });
+}
+
 void raisetoplevel()
 {
     for (int i = 1; i <= MAXUNIT; ++i)
@@ -275,7 +284,7 @@ void drawnets()
 
 void shownetwork()
 {
-    if (picturenames().empty() && !mapgrid.samples.empty())
+    if (picturenames().empty() && hasground())
         drawmap(nullptr, true);
     drawnets();
 }
