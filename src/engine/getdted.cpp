@@ -125,7 +125,7 @@ public:
         std::size_t used = 0;
         int newest = -1;
         for (const AxisPoint& point : points) {
-            if (used + 2 > most)
+            if (used + 2 > most || taken.size() == most)
                 break;
             for (int column = std::max(point.below, newest + 1); column <= point.below + 1;
                  ++column) {
