@@ -382,7 +382,7 @@ TEST_F(Extraction, GtopoAsksForTheTilesOfThePublicDistribution)
         EXPECT_TRUE(getGTOPO30());
         std::vector<std::string> paths;
         for (const std::string& name : place.names)
-            paths.push_back(name + "/" + name + ".dem");
+            paths.push_back(fmt::format("{0}/{0}.dem", name));
         EXPECT_EQ(askedpaths("Fichier GTOPO30 non trouvé."), paths);
     }
 }
