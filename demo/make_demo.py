@@ -55,11 +55,10 @@ SYSTEMS = [
     ("VHF base 25 W", 25, -113, 1.5, 5, 15),
     ("VHF relais 50 W", 50, -113, 2, 6, 25),
     ("VHF mobile 25 W", 25, -110, 1, 2, 2),
-    ("VHF portatif 5 W", 5, -107, 0, -3, 1.5),
+    ("VHF portatif 2 W", 2, -107, 0, -3, 1.5),
     ("UHF données 10 W", 10, -100, 2, 9, 12),
     ("UHF données mât", 10, -100, 2, 12, 25),
-    ("Noeud maillé 1 W", 1, -104, 0.5, 3, 6),
-    ("Terminal maillé", 0.5, -104, 0, 0, 1.5),
+    ("Noeud maillé 50 mW", 0.05, -92, 0.5, 3, 6),
 ]
 
 VOICE, STAR, SWARM = 0, 1, 2
@@ -76,8 +75,8 @@ NETS = [
             "Caserne Sud": (1, "VHF base 25 W"),
             "Caserne Nord": (1, "VHF base 25 W"),
             "Mairie de la Combe": (1, "VHF mobile 25 W"),
-            "Mine du Fond": (1, "VHF portatif 5 W"),
-            "Équipe Barrage": (1, "VHF portatif 5 W"),
+            "Mine du Fond": (1, "VHF portatif 2 W"),
+            "Équipe Barrage": (1, "VHF portatif 2 W"),
         },
     ),
     dict(
@@ -94,13 +93,11 @@ NETS = [
     dict(
         name="Capteurs maillés", kind=SWARM, band=(869.4, 869.65), retransmissions=4,
         members={
-            "Vigie du Sommet": (0, "Noeud maillé 1 W"),
-            "Relais Grande Crête": (0, "Noeud maillé 1 W"),
-            "Refuge du Col": (0, "Noeud maillé 1 W"),
-            "Vigie Ouest": (0, "Noeud maillé 1 W"),
-            "Vigie Est": (0, "Noeud maillé 1 W"),
-            "Mine du Fond": (1, "Terminal maillé"),
-            "Poste Vallée Ouest": (1, "Terminal maillé"),
+            "Vigie du Sommet": (0, "Noeud maillé 50 mW"),
+            "Relais Grande Crête": (0, "Noeud maillé 50 mW"),
+            "Refuge du Col": (0, "Noeud maillé 50 mW"),
+            "Vigie Ouest": (0, "Noeud maillé 50 mW"),
+            "Vigie Est": (0, "Noeud maillé 50 mW"),
         },
     ),
 ]
