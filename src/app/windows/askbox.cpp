@@ -1,6 +1,7 @@
 #include "app/windows/askbox.h"
 
 #include "app/base/session.h"
+#include "app/windows/frmMain.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -40,6 +41,8 @@ static QWidget* boxowner()
     QWidget* window = QApplication::activeModalWidget();
     if (!window)
         window = QApplication::activeWindow();
+    if (!window)
+        window = mainwindow;
     return window && window->isVisible() && window->isEnabled() ? window : nullptr;
 }
 

@@ -19,9 +19,11 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 #include <exception>
 
@@ -193,7 +195,7 @@ std::vector<QWidget*> frmMain::childwindows() const
 
 QWidget* frmMain::activechild() const
 {
-    const QMdiSubWindow* frame = area->activeSubWindow();
+    const QMdiSubWindow* frame = area->currentSubWindow(); // also while another program is in use
     return frame ? frame->widget() : nullptr;
 }
 
@@ -244,8 +246,12 @@ void frmMain::tick()
 
 void frmMain::placewindow()
 {
+    static constexpr int titlebar = 40;
     const WindowPlace place = storedplace();
-    move(place.left_px, place.top_px);
+    // The status bar stays on the screen where the window is not too tall for it.
+    const QRect room = screen()->availableGeometry();
+    const int lowesttop = room.y() + room.height() - place.height_px - titlebar;
+    move(place.left_px, std::max(room.y(), std::min(place.top_px, lowesttop)));
     resize(place.width_px, place.height_px);
     if (place.maximised)
         setWindowState(windowState() | Qt::WindowMaximized);
@@ -260,6 +266,8 @@ void frmMain::resizeEvent(QResizeEvent* event)
 void frmMain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        updatemenus();
     if (event->type() == QEvent::WindowStateChange && isMinimized())
         closedialogs({"frmGrid", "frmLink", "frmMapPro", "frmCustom", "frmObject", "frmDebug"});
 }

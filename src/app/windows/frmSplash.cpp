@@ -14,6 +14,7 @@
 
 static constexpr int splashwidth = 460;
 static constexpr int splashheight = 220;
+static constexpr QRectF logoplace(32, 36, 112, 112);
 
 frmSplash::frmSplash(QWidget* owner) : QWidget(owner, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
@@ -54,7 +55,10 @@ void frmSplash::paintEvent(QPaintEvent*)
     drawhills(painter, rect());
 
     QSvgRenderer logo(QStringLiteral(":/icons/velmora.svg"));
-    logo.render(&painter, QRectF(32, 36, 112, 112));
+    logo.render(&painter, logoplace);
+
+    painter.setPen(QPen(QColor(255, 255, 255, 150), 1.5));
+    painter.drawRoundedRect(logoplace.adjusted(3, 3, -3, -3), 23, 23);
 
     painter.setPen(Qt::white);
     QFont large = font();

@@ -109,6 +109,7 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     window->winddown_s = options.winddown_s;
     window->setEnabled(false);
     window->setWindowIcon(QIcon(QStringLiteral(":/icons/velmora.svg")));
+    window->winId(); // a window to stand above, for the splash
     auto* splash = new frmSplash(window.get());
     splash->show();
     attempt([] { allocatemap(mapgrid, firstmapside, firstmapside); });
@@ -116,6 +117,7 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     attempt(readsession);
     attempt(readrecent);
     window->show();
+    splash->raise();
     attempt([&] { openfirst(commandline); });
     attempt([&] { matchfirstpicture(*window); });
     attempt([&] { waitsplash(t0, options.splash_s); });
@@ -125,6 +127,8 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     window->show();
     window->raise();
     window->activateWindow();
+    if (QWidget* child = window->activechild())
+        window->activate(child);
     attempt(readlivesession);
     session.live.gpsstatus &= ~gpsreplaybit; // a replay that was running does not resume
     window->Timer1->start();

@@ -17,17 +17,43 @@ static bool gridmode()
     return !geosys.name.empty();
 }
 
+/// A field whose text the dialog writes: it is selected whole, ready to be replaced by what is
+/// typed, as soon as the keyboard is there.
+class PreparedField : public QLineEdit
+{
+public:
+    using QLineEdit::QLineEdit;
+
+    void prepare(const QString& text)
+    {
+        setText(text);
+        prepared = !hasFocus();
+        if (!prepared)
+            selectAll();
+    }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QLineEdit::focusInEvent(event);
+        if (prepared)
+            selectAll();
+        prepared = false;
+    }
+
+private:
+    bool prepared = false;
+};
+
 frmDMS::frmDMS(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmDMS"));
     setWindowTitle(QStringLiteral("Coordonnées WGS"));
-    // Prepared fields keep their selection; it is seen where the keyboard is.
-    setStyleSheet(QStringLiteral("QLineEdit:!focus { selection-background-color: transparent;"
-                                 " selection-color: palette(text); }"));
     makewidgets();
 }
 
-QWidget* frmDMS::makeaxis(const char* name, std::array<QLineEdit*, 3>& fields, QPushButton*& letter)
+QWidget* frmDMS::makeaxis(const char* name, std::array<PreparedField*, 3>& fields,
+                          QPushButton*& letter)
 {
     static const std::array<QString, 3> parts{QStringLiteral("degrees"), QStringLiteral("minutes"),
                                               QStringLiteral("seconds")};
@@ -40,7 +66,7 @@ QWidget* frmDMS::makeaxis(const char* name, std::array<QLineEdit*, 3>& fields, Q
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(4);
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        fields[i] = new QLineEdit(row);
+        fields[i] = new PreparedField(row);
         fields[i]->setObjectName(axis + parts[i]);
         fields[i]->setAlignment(Qt::AlignRight);
         fields[i]->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits[i] +
@@ -70,7 +96,7 @@ void frmDMS::makewidgets()
     grid->addWidget(makeaxis("lat", latfields, latletter), 1, 1);
     combinedlabel = new QLabel(this);
     combinedlabel->setObjectName(QStringLiteral("combinedlabel"));
-    combined = new QLineEdit(this);
+    combined = new PreparedField(this);
     combined->setObjectName(QStringLiteral("combined"));
     grid->addWidget(combinedlabel, 2, 0);
     grid->addWidget(combined, 2, 1);
@@ -120,10 +146,8 @@ void frmDMS::update()
     updating = true;
     const DmsFields fields = ll2fields(lon, lat);
     for (std::size_t i = 0; i < lonfields.size(); ++i) {
-        lonfields[i]->setText(QString::fromStdString(fields.lon[i]));
-        lonfields[i]->selectAll();
-        latfields[i]->setText(QString::fromStdString(fields.lat[i]));
-        latfields[i]->selectAll();
+        lonfields[i]->prepare(QString::fromStdString(fields.lon[i]));
+        latfields[i]->prepare(QString::fromStdString(fields.lat[i]));
     }
     lonletter->setText(QChar::fromLatin1(fields.lonletter));
     latletter->setText(QChar::fromLatin1(fields.latletter));
@@ -146,9 +170,8 @@ void frmDMS::updatell()
     fields.lonletter = letterof(lonletter);
     fields.latletter = letterof(latletter);
     fields2ll(fields, lon, lat);
-    combined->setText(QString::fromStdString(locator(lon, lat)));
+    combined->prepare(QString::fromStdString(locator(lon, lat)));
     combined->setPalette(QPalette());
-    combined->selectAll();
     updating = false;
 }
 

@@ -4,8 +4,8 @@
 
 #include <array>
 
+class PreparedField;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 /// The one dialog in which a position is typed: degrees, minutes and seconds, or the combined
@@ -32,18 +32,19 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    QWidget* makeaxis(const char* name, std::array<QLineEdit*, 3>& fields, QPushButton*& letter);
+    QWidget* makeaxis(const char* name, std::array<PreparedField*, 3>& fields,
+                      QPushButton*& letter);
     void makewidgets();
     void apply();
     void flip(QPushButton* button, QChar one, QChar other);
     void fieldchanged();
     void combinedchanged();
 
-    std::array<QLineEdit*, 3> lonfields{};
-    std::array<QLineEdit*, 3> latfields{};
+    std::array<PreparedField*, 3> lonfields{};
+    std::array<PreparedField*, 3> latfields{};
     QPushButton* lonletter = nullptr;
     QPushButton* latletter = nullptr;
     QLabel* combinedlabel = nullptr;
-    QLineEdit* combined = nullptr;
+    PreparedField* combined = nullptr;
     bool updating = false; ///< the dialog writes its own fields
 };

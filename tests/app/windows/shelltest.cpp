@@ -82,6 +82,10 @@ void ShellTest::expectfilename(const std::string& title, const std::string& name
 
 void ShellTest::start(const std::string& commandline, StartOptions options)
 {
+    if (getsetting("MainWidth", "").empty()) { // not maximised, whatever the screen
+        writesetting("MainWidth", 4000);
+        writesetting("MainHeight", 4000);
+    }
     options.splash_s = 0;
     options.winddown_s = 0;
     window = startup(commandline, options);

@@ -45,10 +45,10 @@ TEST_F(Ending, StoresThePlaceOfANormalWindowAndTheSession)
     EXPECT_TRUE(window->close());
     EXPECT_FALSE(window->isVisible());
     EXPECT_FALSE(window->Timer1->isActive());
-    EXPECT_EQ(getsetting("MainLeft", ""), "400");
-    EXPECT_EQ(getsetting("MainTop", ""), "500");
-    EXPECT_EQ(getsetting("MainWidth", ""), "7000");
-    EXPECT_EQ(getsetting("MainHeight", ""), "5000");
+    EXPECT_EQ(getsetting("MainLeft", ""), "320");
+    EXPECT_EQ(getsetting("MainTop", ""), "400");
+    EXPECT_EQ(getsetting("MainWidth", ""), "5600");
+    EXPECT_EQ(getsetting("MainHeight", ""), "4000");
     EXPECT_EQ(getsetting("DrawFontName", ""), "DejaVu Sans");
     EXPECT_EQ(getsetting("Previous0", ""), "/a/x.net");
     EXPECT_EQ(getsetting("Previous1", "none"), "");

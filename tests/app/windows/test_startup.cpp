@@ -22,6 +22,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 using Startup = ShellTest;
@@ -184,7 +185,7 @@ protected:
 
 TEST_F(StoredPlace, IsTakenWhenItFitsTheScreen)
 {
-    store(200, 300, 5000, 4000);
+    store(160, 240, 4000, 3200);
     start();
     EXPECT_FALSE(window->isMaximized());
     EXPECT_EQ(window->pos(), QPoint(20, 30));
@@ -194,10 +195,21 @@ TEST_F(StoredPlace, IsTakenWhenItFitsTheScreen)
 TEST_F(StoredPlace, WithoutOneTheDefaultPlaceIsTaken)
 {
     const WindowPlace place = storedplace();
-    EXPECT_EQ(place.left_px, 100);
-    EXPECT_EQ(place.top_px, 100);
-    EXPECT_EQ(place.width_px, 650);
-    EXPECT_EQ(place.height_px, 650);
+    EXPECT_EQ(place.left_px, 1000 / 8);
+    EXPECT_EQ(place.top_px, 1000 / 8);
+    EXPECT_EQ(place.width_px, std::lround(6500 / 8.0));
+    EXPECT_EQ(place.height_px, std::lround(6500 / 8.0));
+    EXPECT_EQ(place.maximised, screen().height() <= 6500);
+}
+
+TEST_F(StoredPlace, IsRaisedWhereTheStatusBarWouldLeaveTheScreen)
+{
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    store(80, room.height() * unitsperpixel - 400, 4000, 3200);
+    start();
+    EXPECT_FALSE(window->isMaximized());
+    EXPECT_LE(window->geometry().bottom(), room.bottom());
+    EXPECT_EQ(window->size(), QSize(500, 400));
 }
 
 TEST_F(StoredPlace, IsRefusedWhenItDoesNotFit)
@@ -215,7 +227,7 @@ TEST_F(StoredPlace, IsRefusedWhenItDoesNotFit)
         store(left, top, width, height);
         const WindowPlace place = storedplace();
         EXPECT_TRUE(place.maximised) << left << " " << top << " " << width << " " << height;
-        EXPECT_EQ(place.width_px, 650);
+        EXPECT_EQ(place.width_px, std::lround(6500 / 8.0));
     }
     store(edge.width() - 1, 10, 5000, edge.height() - 1);
     EXPECT_FALSE(storedplace().maximised);

@@ -80,10 +80,10 @@ TEST_F(StatusBarTest, PaintsNoProgressWhileHidden)
 
 TEST_F(StatusBarTest, GoesWhenTheWindowIsTooNarrow)
 {
-    window->resize(99, 300); // 990 window units
+    window->resize(124, 300); // 992 window units
     QTest::qWait(1);
     EXPECT_FALSE(bar().isVisible());
-    window->resize(100, 300);
+    window->resize(125, 300);
     QTest::qWait(1);
     EXPECT_TRUE(bar().isVisible());
     choose("mnuViewStatus");
@@ -94,7 +94,16 @@ TEST_F(StatusBarTest, GoesWhenTheWindowIsTooNarrow)
 
 TEST_F(StatusBarTest, AnOperationRunsItsFrame)
 {
+    const auto clock = timeofday;
+    timeofday = [] { // each look at the clock a second later: every report is painted
+        static double now = 0;
+        return now += 1;
+    };
+    operationextent.upperx = 100;
     beginop(Operation::statistics);
+    opstep(40);
+    timeofday = clock;
+    EXPECT_EQ(label1(), "40%");
     EXPECT_EQ(label2(), "Compilation des statistiques de la carte...");
     EXPECT_FALSE(window->action("mnuFile")->isEnabled());
     EXPECT_TRUE(bar().Shape1[1]->isVisible());

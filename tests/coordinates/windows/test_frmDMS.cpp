@@ -66,12 +66,18 @@ TEST_F(FrmDMS, OpensOnThePositionItIsHanded)
               QStringLiteral("QRA"));
 }
 
-TEST_F(FrmDMS, AllPreparedFieldsAreSelectedWhole)
+TEST_F(FrmDMS, AFieldIsSelectedWholeWhereTheKeyboardIs)
 {
     open();
+    EXPECT_TRUE(field("londegrees")->hasFocus());
     for (const char* name : {"londegrees", "lonminutes", "lonseconds", "latdegrees", "latminutes",
-                             "latseconds", "combined"})
+                             "latseconds", "combined"}) {
+        field(name)->setFocus();
         EXPECT_EQ(field(name)->selectedText(), field(name)->text()) << name;
+    }
+    type("combined", "JN18");
+    field("latdegrees")->setFocus();
+    EXPECT_EQ(field("latdegrees")->selectedText(), QStringLiteral("48"));
 }
 
 TEST_F(FrmDMS, TypingInAFieldMovesThePositionAndTheCombinedReference)
