@@ -1,0 +1,32 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <functional>
+#include <span>
+
+/// A command of the program. Its set-up adds the arguments to the parser and returns the work,
+/// which runs once they are read.
+struct Command {
+    const char* name;
+    const char* summary; ///< one line of the program's help
+    std::function<void()> (*setup)(CLI::App& parser);
+};
+
+/// All commands, in the order of the help.
+std::span<const Command> commands();
+
+// info.cpp
+std::function<void()> setupinfo(CLI::App& parser);
+
+// evaluation.cpp
+std::function<void()> setupevaluate(CLI::App& parser);
+std::function<void()> setuplines(CLI::App& parser);
+
+// onelink.cpp
+std::function<void()> setuplink(CLI::App& parser);
+std::function<void()> setuplosses(CLI::App& parser);
+
+// positions.cpp
+std::function<void()> setupwhere(CLI::App& parser);
+std::function<void()> setupparse(CLI::App& parser);
+std::function<void()> setupelevation(CLI::App& parser);

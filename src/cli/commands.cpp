@@ -1,0 +1,19 @@
+#include "cli/command.h"
+
+#include <array>
+
+std::span<const Command> commands()
+{
+    static constexpr std::array<Command, 8> table{{
+        {"info", "Say what a network or a map holds", setupinfo},
+        {"evaluate", "Evaluate all links: signal quality and reachability of each pair",
+         setupevaluate},
+        {"lines", "Evaluate all links: line class of each pair", setuplines},
+        {"link", "Study one link: profile, model, margin and texts", setuplink},
+        {"losses", "Path loss along one link", setuplosses},
+        {"where", "Text forms of a position", setupwhere},
+        {"parse", "Position of a locator or of an MGRS reference", setupparse},
+        {"elevation", "Elevations of a map under positions", setupelevation},
+    }};
+    return table;
+}

@@ -1,0 +1,139 @@
+#include "cli/inputs.h"
+
+#include "app/base/numbers.h"
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "cli/failure.h"
+#include "terrain/mapfile.h"
+
+#include <charconv>
+#include <cmath>
+#include <fmt/format.h>
+#include <optional>
+#include <system_error>
+
+namespace
+{
+/// Longitudes beyond so many degrees are slips of the pen.
+constexpr double mostdegrees = 3600;
+/// Far more than the tables and any list of pictures take.
+constexpr std::size_t mostnetbytes = std::size_t{1} << 24;
+
+const char* reason(MapStatus status)
+{
+    switch (status) {
+    case MapStatus::truncated:
+        return "the map is incomplete";
+    case MapStatus::badformat:
+        return "not a map, or a damaged one";
+    case MapStatus::stopped:
+        return "the conversion was stopped";
+    default:
+        return "cannot be read";
+    }
+}
+
+const char* reason(NetStatus status)
+{
+    switch (status) {
+    case NetStatus::truncated:
+        return "not a network, or an incomplete one";
+    case NetStatus::mapfile:
+        return "a map under the name of a network";
+    default:
+        return "cannot be read";
+    }
+}
+
+/// The network's own map. Its name is a path on the machine that saved it; the map is also looked
+/// for beside the network.
+void openownmap(const std::string& path, const std::string& name)
+{
+    if (trimmed(name).empty())
+        throw Failure(path, "names no map; give one with --map");
+    openmap(name);
+}
+
+/// Slot by number or name, found by one of the tables' procedures.
+int slot(const char* kind, const std::string& text,
+         int (*find)(const NetworkTables&, const std::string&))
+{
+    const int found = find(network, text);
+    if (found == 0) {
+        throw Failure(fmt::format("{} {}", kind, text),
+                      "no slot has this number, and not exactly one has this name");
+    }
+    return found;
+}
+} // namespace
+
+FileKind filekind(const std::string& path)
+{
+    const std::string name = lowercase(unquoted(path));
+    if (name.ends_with("net"))
+        return FileKind::netfile;
+    if (name.ends_with("map"))
+        return FileKind::mapfile;
+    return FileKind::other;
+}
+
+void openmap(const std::string& path)
+{
+    if (filekind(path) != FileKind::mapfile)
+        throw Failure(path, "not a .map file");
+    mapname.clear();
+    if (loadmap(path))
+        return;
+    // A map that was found has left its name.
+    if (mapname.empty())
+        throw Failure(path, "map not found");
+    throw Failure(mapname, reason(lastmapstatus()));
+}
+
+NetFile readnetwork(const std::string& path, NetworkTables& tables)
+{
+    if (filekind(path) != FileKind::netfile)
+        throw Failure(path, "not a .net file");
+    const std::optional<std::string> found = findfile(unquoted(path));
+    if (!found)
+        throw Failure(path, "network not found");
+    const std::optional<std::string> content = readfile(*found, mostnetbytes);
+    if (!content)
+        throw Failure(path, "cannot be read");
+    NetFile file;
+    const NetStatus status = parsenet(asbytes(*content), tables, file);
+    if (status != NetStatus::ok)
+        throw Failure(path, reason(status));
+    session.netfile = *found;
+    return file;
+}
+
+void opennetwork(const std::string& path, const NetworkOptions& options)
+{
+    const NetFile file = readnetwork(path, network);
+    if (options.map.empty())
+        openownmap(path, file.mapname);
+    else
+        openmap(options.map);
+}
+
+int stationslot(const std::string& text)
+{
+    return slot("station", text, findunit);
+}
+
+int netslot(const std::string& text)
+{
+    return trimmed(text) == "0" ? 0 : slot("net", text, findnet);
+}
+
+float coordinate(const std::string& name, const std::string& text)
+{
+    const std::string digits = text.starts_with('+') ? text.substr(1) : text;
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc() || end != digits.data() + digits.size() ||
+        !(std::abs(value) <= mostdegrees))
+        throw UsageError(fmt::format("{}: {} is no coordinate in degrees", name, text));
+    return static_cast<float>(value);
+}
