@@ -1,50 +1,67 @@
 #include "engine/lr.h"
 
-#include "engine/plain_itm.h"
+#include "engine/itm.h"
 
 #include <algorithm>
 #include <cmath>
 #include <span>
 
-static PlainInput fromrecord(const LRRecord& rec)
+static ItmInput inputof(const LRRecord& rec)
 {
-    PlainInput in;
-    in.freq_mhz = rec.freq > 1 ? rec.freq : 1;
-    in.h1_m = rec.h1 > 0.5 ? rec.h1 : 0.5;
-    in.h2_m = rec.h2 > 0.5 ? rec.h2 : 0.5;
-    in.ns = rec.ns > 150 ? std::min(rec.ns, 400.0) : 150;
-    in.eps = rec.eps > 1 ? rec.eps : 1;
-    in.sgm = rec.sgm > 1e-9 ? rec.sgm : 1e-9;
+    ItmInput in;
+    in.freq_mhz = rec.freq;
+    in.h1_m = rec.h1;
+    in.h2_m = rec.h2;
+    in.ns = rec.ns;
+    in.eps = rec.eps;
+    in.sgm = rec.sgm;
     in.pol = rec.pol;
-    in.clim = rec.clim >= 1 && rec.clim <= 7 ? rec.clim : 5;
-    in.varmode = rec.varmode >= 0 && rec.varmode <= 3 ? rec.varmode : 0;
-    const auto percent = [](double q) { return q > 0.01 ? std::min(q, 99.99) : 0.01; };
-    in.ptime = percent(rec.ptime);
-    in.ploc = percent(rec.ploc);
-    in.psit = percent(rec.psit);
+    in.clim = rec.clim;
+    in.varmode = rec.varmode;
+    in.ptime = rec.ptime;
+    in.ploc = rec.ploc;
+    in.psit = rec.psit;
+    in.interference = rec.interf != 0;
     return in;
+}
+
+static void answer(const ItmResult& result, LRRecord& rec)
+{
+    rec.loss = result.loss_db;
+    rec.dl1 = result.dl_m[0];
+    rec.dl2 = result.dl_m[1];
+    rec.the1 = result.the_rad[0];
+    rec.the2 = result.the_rad[1];
+    rec.gme = result.gme;
+    rec.lfree = result.free_db;
+    rec.lobst = result.aref_db;
+    rec.los = result.clear ? 1 : 0;
+    rec.scatter = !result.clear && result.region == ItmRegion::scatter ? 1 : 0;
+}
+
+/// Number of intervals of a profile block; 0 where it can't be one.
+static int intervals(double n)
+{
+    const double whole = std::nearbyint(n);
+    return whole >= 1 && whole <= lrmaxintervals ? static_cast<int>(whole) : 0;
 }
 
 void LR(const double* prof, double* losses, LRRecord* rec)
 {
-    constexpr double nopath_db = 1000;
-    rec->loss = nopath_db;
-    if (!(prof[1] >= 1 && prof[1] <= lrmaxintervals && prof[2] > 0))
+    const int n = intervals(prof[1]);
+    const ItmInput in = inputof(*rec);
+    if (n == 0) {
+        answer(itmpath({}, prof[2], in), *rec);
         return;
-    const int n = static_cast<int>(prof[1]);
-    const PlainInput in = fromrecord(*rec);
-    const auto cut = [&](int i) { return std::span(prof + 3, static_cast<std::size_t>(i) + 1); };
-    for (int i = std::clamp(rec->startpt, 0, n); i < n; ++i)
-        losses[i + 3] = i == 0 ? 0 : plainitm(cut(i), prof[2], in).loss_db;
-    const PlainResult far = plainitm(cut(n), prof[2], in);
-    losses[n + 3] = rec->loss = far.loss_db;
-    rec->dl1 = far.dl_m[0];
-    rec->dl2 = far.dl_m[1];
-    rec->the1 = far.the_rad[0];
-    rec->the2 = far.the_rad[1];
-    rec->gme = far.gme;
-    rec->lfree = far.free_db;
-    rec->lobst = far.aref_db;
-    rec->los = far.clear ? 1 : 0;
-    rec->scatter = !far.clear && far.region == 3 ? 1 : 0;
+    }
+    const std::span elevations(prof + 3, static_cast<std::size_t>(n) + 1);
+    const int first = std::clamp(static_cast<int>(rec->startpt), 0, n);
+    ItmResult result;
+    if (first == n) {
+        result = itmpath(elevations, prof[2], in);
+        losses[n + 3] = result.loss_db;
+    } else {
+        result = itmradial(elevations, prof[2], in, first, {losses + 3, elevations.size()});
+    }
+    answer(result, *rec);
 }
