@@ -24,7 +24,8 @@ Hooks::Hooks()
       erasenets([] {}), openpicture([](const std::string&, int) {}),
       openpictures([] { return std::vector<std::string>(); }),
       placepicture([](const std::string&, const float*, const float*) {}),
-      drawmap([](const std::string&) {}), mapchanged([] {}), netsloaded([] {})
+      drawmap([](const std::string&) {}), mapchanged([] {}), netsloaded([] {}),
+      viewtext([](const std::string&) {})
 {
 }
 

@@ -53,6 +53,8 @@ struct Hooks {
     std::function<void()> mapchanged;
     /// A network was read: its links must be evaluated.
     std::function<void()> netsloaded;
+    /// Opens a text file in the desktop's own viewer.
+    std::function<void(const std::string& path)> viewtext;
 
     Hooks();
 };

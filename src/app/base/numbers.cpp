@@ -162,6 +162,18 @@ static char lowersecond(char lead, char second)
     return second;
 }
 
+/// Second byte, in upper case, of such a letter.
+static char uppersecond(char lead, char second)
+{
+    const auto a = static_cast<std::uint8_t>(lead);
+    const auto b = static_cast<std::uint8_t>(second);
+    if (a == 0xC3 && b >= 0xA0 && b <= 0xBE && b != 0xB7) // à to þ, without the sign ÷
+        return static_cast<char>(b - 0x20);
+    if (a == 0xC5 && (b == 0x93 || b == 0xA1 || b == 0xBE)) // œ, š, ž
+        return static_cast<char>(b - 1);
+    return second;
+}
+
 std::string lowercase(std::string_view text)
 {
     std::string lower(text);
@@ -175,6 +187,21 @@ std::string lowercase(std::string_view text)
         }
     }
     return lower;
+}
+
+std::string uppercase(std::string_view text)
+{
+    std::string upper(text);
+    for (std::size_t i = 0; i < upper.size(); ++i) {
+        if (upper[i] >= 'a' && upper[i] <= 'z') {
+            upper[i] = static_cast<char>(upper[i] - ('a' - 'A'));
+        } else if (upper[i] == '\xC3' && i + 1 < upper.size() && upper[i + 1] == '\xBF') {
+            upper.replace(i, 2, "\xC5\xB8"); // ÿ has its capital in another block
+        } else if (i > 0) {
+            upper[i] = uppersecond(upper[i - 1], upper[i]);
+        }
+    }
+    return upper;
 }
 
 bool sametext(std::string_view a, std::string_view b)

@@ -45,6 +45,9 @@ std::string trimmed(std::string_view text);
 /// Lower case of a UTF-8 text: ASCII and the letters of Windows-1252.
 std::string lowercase(std::string_view text);
 
+/// Upper case of a UTF-8 text: ASCII and the letters of Windows-1252.
+std::string uppercase(std::string_view text);
+
 /// True for two texts that differ at most in the case of their letters.
 bool sametext(std::string_view a, std::string_view b);
 

@@ -136,6 +136,15 @@ TEST(Text, LowerCaseKnowsTheLettersOfTheCodePage)
     EXPECT_EQ(lowercase("\xC3"), "\xC3");
 }
 
+TEST(Text, UpperCaseKnowsTheLettersOfTheCodePage)
+{
+    EXPECT_EQ(uppercase("abc XYZ 12"), "ABC XYZ 12");
+    EXPECT_EQ(uppercase("àéîõüþ"), "ÀÉÎÕÜÞ");
+    EXPECT_EQ(uppercase("šœžÿ"), "ŠŒŽŸ");
+    EXPECT_EQ(uppercase("×÷ß€日本"), "×÷ß€日本");
+    EXPECT_EQ(uppercase("\xC3"), "\xC3");
+}
+
 TEST(Text, IsComparedWithoutRegardToCase)
 {
     EXPECT_TRUE(sametext("Réseau.NET", "rÉSEAU.net"));
