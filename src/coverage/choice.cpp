@@ -1,0 +1,80 @@
+#include "coverage/choice.h"
+
+#include "app/base/numbers.h"
+#include "app/base/settings.h"
+
+CoverageChoice coveragechoice;
+std::array<float, 11> rainbowlevel{};
+
+/// A number held within bounds; NaN becomes the lower one.
+static float held(float low, float high, float value)
+{
+    return smin(smax(value, low), high);
+}
+
+void readcoveragesettings(CoverageChoice& choice)
+{
+    std::int16_t number = choice.covdir;
+    readsetting("CovDir", std::int16_t{0}, number);
+    choice.covdir = number == 1 ? 1 : 0;
+    number = choice.covuselink;
+    readsetting("CovAnt", std::int16_t{0}, number);
+    choice.covuselink = number == 1 ? 1 : 0;
+    readsetting("CovIndex", std::int16_t{0}, choice.covindex);
+    readsetting("CovLow", -107.0F, choice.levels.low);
+    readsetting("CovHigh", -67.0F, choice.levels.high);
+}
+
+void savecoveragesettings(const CoverageChoice& choice)
+{
+    writesetting("CovDir", std::int32_t{choice.covdir});
+    writesetting("CovAnt", std::int32_t{choice.covuselink});
+    writesetting("CovIndex", std::int32_t{choice.covindex});
+    writesetting("CovLow", choice.levels.low);
+    writesetting("CovHigh", choice.levels.high);
+}
+
+CoverageParams heldparams(const CoverageParams& params)
+{
+    CoverageParams heldones = params;
+    heldones.azmin = held(0, 359, params.azmin);
+    heldones.azmax = held(heldones.azmin, 360, params.azmax);
+    heldones.azstep = held(0.1F, 10, params.azstep);
+    heldones.antazimuth = held(0, 359.99F, params.antazimuth);
+    heldones.rangemax = held(1, 1000, params.rangemax);
+    heldones.rangemin = held(0.1F, heldones.rangemax, params.rangemin);
+    return heldones;
+}
+
+SweepBounds sweepbounds(const CoverageParams& params)
+{
+    return {params.azmin, params.azmax, params.azstep, params.rangemin, params.rangemax};
+}
+
+CoverageOrder coverageorder(const CoverageParams& params, const CoverageChoice& choice)
+{
+    CoverageOrder order;
+    order.centre = choice.covcenter;
+    order.mobile = choice.covmobile;
+    order.net = choice.covnet;
+    order.mobiletransmits = choice.covdir == 1;
+    order.bounds = sweepbounds(params);
+    order.antaz = params.antazimuth;
+    order.pattern = readpattern(params.antfile.text());
+    order.unit = levelunit(params.unit);
+    order.levels = choice.levels;
+    order.curve = params.drawcurve != 0;
+    order.surface = params.drawsurface != 0;
+    order.rainbow = params.surfacecolour == 0;
+    return order;
+}
+
+ViewOrder vieworder(const CoverageParams& params, std::int16_t visualmode)
+{
+    ViewOrder order;
+    order.bounds = sweepbounds(params);
+    order.sensorh = params.sensorheight;
+    order.targeth = params.targetheight;
+    order.terrainfollow = visualmode != 0;
+    return order;
+}

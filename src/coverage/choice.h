@@ -1,0 +1,47 @@
+#pragma once
+
+#include "coverage/levels.h"
+#include "coverage/radiosweep.h"
+#include "coverage/viewshed.h"
+#include "network/tables.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+/// What a coverage is set up with beside the parameters of the network file.
+struct CoverageChoice {
+    std::int16_t covcenter = 1; ///< stations and net of the radio coverage
+    std::int16_t covmobile = 2;
+    std::int16_t covnet = 1;
+    std::uint8_t covdir = 0;     ///< 1: the mobile transmits
+    std::uint8_t covuselink = 0; ///< 1: the antenna points from the centre to the mobile
+    std::int16_t covindex = 0;   ///< position in the list of patterns
+    Levels levels;               ///< as held in the unit of the network's parameters
+    bool covrainbow = false;     ///< the legend shows the signal's colours
+    bool radaron = false;        ///< the visual coverage uses a radar file
+};
+/// The choice of the run.
+extern CoverageChoice coveragechoice;
+
+/// Levels of the legend's signal scale.
+extern std::array<float, 11> rainbowlevel;
+
+/// Reads and saves the part of the choice that outlives a run.
+void readcoveragesettings(CoverageChoice& choice);
+void savecoveragesettings(const CoverageChoice& choice);
+
+/// Parameters held within the ranges of their fields: azimuths 0 to 359 and the first one to 360,
+/// step 0.1 to 10, antenna azimuth 0 to 359.99, ranges 1 to 1000 km and 0.1 to the farthest one. A
+/// number that is none becomes the lower bound.
+CoverageParams heldparams(const CoverageParams& params);
+
+/// Azimuths and ranges of the parameters.
+SweepBounds sweepbounds(const CoverageParams& params);
+
+/// The radio coverage that parameters and choice ask for; reads the pattern file.
+CoverageOrder coverageorder(const CoverageParams& params, const CoverageChoice& choice);
+
+/// The visual coverage that they ask for, without a radar.
+///   visualmode  non-zero: the target follows the ground
+ViewOrder vieworder(const CoverageParams& params, std::int16_t visualmode);

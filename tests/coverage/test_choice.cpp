@@ -1,0 +1,82 @@
+#include "app/base/settings.h"
+#include "coverage/choice.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+TEST(CoverageParameters, AreHeldWithinTheirFields)
+{
+    CoverageParams params;
+    params.azmin = 400;
+    params.azmax = -5;
+    params.azstep = 0;
+    params.antazimuth = 360;
+    params.rangemax = 5000;
+    params.rangemin = 0;
+    const CoverageParams held = heldparams(params);
+    EXPECT_EQ(held.azmin, 359);
+    EXPECT_EQ(held.azmax, 359);
+    EXPECT_EQ(held.azstep, 0.1F);
+    EXPECT_EQ(held.antazimuth, 359.99F);
+    EXPECT_EQ(held.rangemax, 1000);
+    EXPECT_EQ(held.rangemin, 0.1F);
+    EXPECT_EQ(heldparams(CoverageParams()).azmax, 360);
+}
+
+TEST(CoverageParameters, ThatAreNoNumbersBecomeBounds)
+{
+    CoverageParams params;
+    params.azmin = params.azmax = params.azstep = params.rangemax = params.rangemin = NAN;
+    const CoverageParams held = heldparams(params);
+    EXPECT_EQ(held.azmin, 0);
+    EXPECT_EQ(held.azmax, 0);
+    EXPECT_EQ(held.azstep, 0.1F);
+    EXPECT_EQ(held.rangemax, 1);
+    EXPECT_EQ(held.rangemin, 0.1F);
+}
+
+TEST(CoverageSettings, OutliveARun)
+{
+    resetsettings();
+    CoverageChoice choice;
+    choice.covdir = 1;
+    choice.covuselink = 1;
+    choice.covindex = 3;
+    choice.levels = {-95.5F, -60};
+    savecoveragesettings(choice);
+    CoverageChoice next;
+    readcoveragesettings(next);
+    EXPECT_EQ(next.covdir, 1);
+    EXPECT_EQ(next.covuselink, 1);
+    EXPECT_EQ(next.covindex, 3);
+    EXPECT_EQ(next.levels, (Levels{-95.5F, -60}));
+    resetsettings();
+    readcoveragesettings(next);
+    EXPECT_EQ(next.covdir, 0);
+    EXPECT_EQ(next.levels, (Levels{-107, -67}));
+}
+
+TEST(CoverageOrder, FollowsParametersAndChoice)
+{
+    CoverageParams params;
+    params.azmin = 10;
+    params.rangemin = 2;
+    params.unit = 2;
+    params.surfacecolour = 0;
+    params.drawcurve = -1;
+    params.antazimuth = 45;
+    CoverageChoice choice;
+    choice.covcenter = 7;
+    choice.covdir = 1;
+    const CoverageOrder order = coverageorder(params, choice);
+    EXPECT_EQ(order.centre, 7);
+    EXPECT_TRUE(order.mobiletransmits);
+    EXPECT_EQ(order.bounds.azmin, 10);
+    EXPECT_EQ(order.bounds.rmin, 2);
+    EXPECT_EQ(order.unit, LevelUnit::microvolt);
+    EXPECT_TRUE(order.rainbow);
+    EXPECT_TRUE(order.curve);
+    EXPECT_TRUE(order.surface);
+    EXPECT_EQ(order.antaz, 45);
+    EXPECT_EQ(order.pattern[17], 0);
+}
