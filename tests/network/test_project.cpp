@@ -1,0 +1,294 @@
+#include "app/base/hooks.h"
+#include "app/base/numbers.h"
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "app/base/settings.h"
+#include "coordinates/geosys.h"
+#include "network/netfile.h"
+#include "support/rawbytes.h"
+#include "support/tempfolder.h"
+#include "terrain/mapfile.h"
+
+#include <cmath>
+#include <filesystem>
+#include <gmock/gmock.h>
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+class ProjectTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        session = Session();
+        resetsettings();
+        setprogramfolder(disk.makefolder("program"));
+        hooks.screensize = [] { return std::pair(800, 600); };
+        newnet(false);
+        mapdirty = false;
+        hooks.askuser = [this](const Question& question) {
+            told.push_back(question.text);
+            return Answer::ok;
+        };
+        hooks.setlabel2 = [this](const std::string& text) { label2 = text; };
+        hooks.openpicture = [this](const std::string& name, int kind) {
+            opened.push_back(name + "/" + std::to_string(kind));
+        };
+        hooks.netsloaded = [this] { ++evaluations; };
+        hooks.busypointer = [this](bool busy) { pointer = busy; };
+    }
+    void TearDown() override
+    {
+        resethooks();
+        fs::current_path(start);
+        setprogramfolder("");
+        session = Session();
+        resetsettings();
+    }
+    std::string low(const char* name) const { return lowercase(disk.path(name)); }
+
+    static NetworkTables twostations()
+    {
+        NetworkTables tables = defaulttables();
+        tables.units[3].lon = -84;
+        tables.units[3].lat = 36;
+        tables.units[4].lon = -83;
+        tables.units[4].lat = 37;
+        tables.units[5].lon = 50; // without a latitude it has no place
+        return tables;
+    }
+
+    fs::path start = fs::current_path();
+    TempFolder disk;
+    std::vector<std::string> told;
+    std::vector<std::string> opened;
+    std::string label2;
+    int evaluations = 0;
+    bool pointer = false;
+};
+
+/// A map file of 2 x 2 samples centred at 5, 6.
+static std::string smallmap()
+{
+    MapGrid map;
+    allocatemap(map, 2, 2);
+    map.record.maplon0 = 5;
+    map.record.maplat0 = 6;
+    mapframe(map);
+    return mapheader(map) + std::string(8, '\1');
+}
+
+TEST_F(ProjectTest, ANewNetworkClearsEverything)
+{
+    network = twostations();
+    selection.curunit = 9;
+    netdirty = true;
+    geosys.name = "other";
+    mapgrid.record.mapsize = 7;
+    session.netfile = "/plans/a.net";
+    newnet(false);
+    EXPECT_EQ(network, defaulttables());
+    EXPECT_EQ(selection.curunit, 1);
+    EXPECT_EQ(selection.linkunit2, 2);
+    EXPECT_THAT(selection.linestyle, ElementsAre(175, 181, 129));
+    EXPECT_FALSE(netdirty);
+    EXPECT_EQ(geosys.name, "");
+    EXPECT_EQ(mapgrid.record, MapRecord());
+    EXPECT_EQ(mapgrid.width, 800);
+    EXPECT_EQ(mapgrid.height, 600);
+    EXPECT_NEAR(mapgrid.maplat[0] - mapgrid.maplat[2], 1.7997F, 1e-3F);
+    EXPECT_EQ(mapname, "default.map");
+    EXPECT_EQ(session.netfile, "/plans/a.net");
+    EXPECT_TRUE(session.recent[0].empty());
+}
+
+TEST_F(ProjectTest, NewNetworksAreNumberedInTheFolderOfTheFirst)
+{
+    const std::string folder = lowercase(start.string());
+    newnet(true);
+    const std::string first = session.netfile;
+    EXPECT_EQ(pathof(first), folder + "/");
+    EXPECT_THAT(nameof(first), testing::MatchesRegex("net[0-9]+\\.net"));
+    EXPECT_EQ(session.recent[0], first);
+    fs::current_path(disk.path());
+    newnet(true);
+    EXPECT_EQ(pathof(session.netfile), folder + "/");
+    EXPECT_NE(session.netfile, first);
+    EXPECT_EQ(fs::current_path(), start);
+}
+
+TEST_F(ProjectTest, TheScreensSizeIsHeldWithinReason)
+{
+    hooks.screensize = [] { return std::pair(2000000000, -5); };
+    newnet(false);
+    EXPECT_LE(mapgrid.width, 8192);
+    EXPECT_EQ(mapgrid.height, 1);
+}
+
+TEST_F(ProjectTest, AMissingFileIsRememberedAndChangesNothingElse)
+{
+    network = twostations();
+    netdirty = true;
+    loadnet("\"" + disk.path("Missing.NET") + "\"");
+    EXPECT_EQ(lastnetstatus(), NetStatus::unreadable);
+    EXPECT_EQ(session.netfile, low("missing.net"));
+    EXPECT_EQ(getsetting("LastProject", ""), low("missing.net"));
+    EXPECT_EQ(session.recent[0], low("missing.net"));
+    EXPECT_EQ(network, twostations());
+    EXPECT_FALSE(netdirty);
+    EXPECT_EQ(evaluations, 0);
+    EXPECT_TRUE(told.empty());
+    EXPECT_FALSE(pointer);
+}
+
+TEST_F(ProjectTest, AnotherExtensionIsNotRead)
+{
+    loadnet(disk.makefile("a.txt", netbytes(twostations(), "", {})));
+    EXPECT_EQ(lastnetstatus(), NetStatus::unreadable);
+    EXPECT_EQ(network, defaulttables());
+    EXPECT_EQ(session.netfile, low("a.txt"));
+}
+
+TEST_F(ProjectTest, ReadsTablesPicturesAndMapThenEvaluates)
+{
+    disk.makefile("relief.map", smallmap());
+    loadnet(disk.makefile("Nord.net", netbytes(twostations(), "c:\\old\\relief.map", {"a.bmp"})));
+    EXPECT_EQ(lastnetstatus(), NetStatus::ok);
+    EXPECT_EQ(network.units[3].lon, -84);
+    EXPECT_THAT(opened, ElementsAre("a.bmp/2"));
+    EXPECT_EQ(mapname, low("relief.map")); // found beside the network
+    EXPECT_EQ(mapgrid.width, 2);
+    EXPECT_EQ(mapgrid.record.maplon0, 5);
+    EXPECT_EQ(evaluations, 1);
+    EXPECT_FALSE(pointer);
+    EXPECT_TRUE(fs::equivalent(fs::current_path(), disk.path()));
+}
+
+TEST_F(ProjectTest, WithoutItsMapTheFrameHoldsThePlacedStations)
+{
+    loadnet(disk.makefile("nord.net", netbytes(twostations(), "missing.map", {})));
+    EXPECT_EQ(mapname, "missing.map");
+    EXPECT_EQ(mapgrid.width, 800);
+    EXPECT_EQ(mapgrid.record.maplon0, -83.5F);
+    EXPECT_EQ(mapgrid.record.maplat0, 36.5F);
+    EXPECT_EQ(mapgrid.record.mapsize, 120); // one degree of latitude is the larger
+    EXPECT_LT(mapgrid.maplon[0], -84);
+    EXPECT_GT(mapgrid.maplon[2], -83);
+    EXPECT_TRUE(mapdirty);
+    EXPECT_EQ(evaluations, 1);
+}
+
+TEST_F(ProjectTest, AWideNetworkTakesItsSizeFromTheScreensShape)
+{
+    NetworkTables tables = twostations();
+    tables.units[4].lon = -74;
+    loadnet(disk.makefile("nord.net", netbytes(tables, "", {})));
+    const double expected = 120 * 10 * std::cos(36.5 * 0.017453292519943278) * 600 / 800;
+    EXPECT_FLOAT_EQ(mapgrid.record.mapsize, static_cast<float>(expected));
+}
+
+TEST_F(ProjectTest, WithoutPlacedStationsTheFrameIsOneKilometreAtZero)
+{
+    loadnet(disk.makefile("empty.net", netbytes(defaulttables(), "", {})));
+    EXPECT_EQ(mapgrid.record.maplon0, 0);
+    EXPECT_EQ(mapgrid.record.maplat0, 0);
+    EXPECT_EQ(mapgrid.record.mapsize, 1);
+    EXPECT_EQ(evaluations, 1);
+    EXPECT_EQ(mapname, "");
+    EXPECT_FALSE(mapdirty); // a map without a name is not even tried
+}
+
+TEST_F(ProjectTest, ATruncatedFileStopsSilentlyWithWhatItHeld)
+{
+    const std::string bytes = netbytes(twostations(), "relief.map", {"a.bmp"});
+    loadnet(disk.makefile("short.net", bytes.substr(0, 9000)));
+    EXPECT_EQ(lastnetstatus(), NetStatus::truncated);
+    EXPECT_EQ(network.units[3].lon, -84);
+    EXPECT_THAT(opened, ElementsAre("a.bmp/2"));
+    EXPECT_EQ(evaluations, 0);
+    EXPECT_TRUE(told.empty());
+    EXPECT_FALSE(pointer);
+}
+
+TEST_F(ProjectTest, AMapUnderANetworksNameKeepsTheTablesAndLoadsTheOldMap)
+{
+    network = twostations();
+    disk.makefile("relief.map", smallmap());
+    mapname = low("relief.map");
+    loadnet(disk.makefile("wrong.net", smallmap()));
+    EXPECT_EQ(lastnetstatus(), NetStatus::mapfile);
+    EXPECT_EQ(network, twostations());
+    EXPECT_EQ(mapgrid.width, 2);
+    EXPECT_EQ(evaluations, 1);
+}
+
+TEST_F(ProjectTest, SavingWritesTablesMapNameAndOpenPictures)
+{
+    network = twostations();
+    mapname = "/Plans/Relief.map";
+    hooks.openpictures = [] { return std::vector<std::string>{"/plans/a.bmp"}; };
+    netdirty = true;
+    const std::string path = disk.path("Nord.net");
+    EXPECT_TRUE(savenet(path));
+    EXPECT_EQ(disk.content("Nord.net"), netbytes(network, "/Plans/Relief.map", {"/plans/a.bmp"}));
+    EXPECT_FALSE(netdirty);
+    EXPECT_EQ(session.netfile, low("nord.net"));
+    EXPECT_EQ(session.recent[0], low("nord.net"));
+    EXPECT_EQ(getsetting("LastProject", ""), path);
+    EXPECT_EQ(label2, "Nord.net a été enregistré");
+    EXPECT_FALSE(pointer);
+}
+
+TEST_F(ProjectTest, SavingOverALongerFileKeepsTheOldBytesBehind)
+{
+    const std::string longer(20000, 'o');
+    disk.makefile("nord.net", longer);
+    ASSERT_TRUE(savenet(disk.path("nord.net")));
+    const std::string bytes = netbytes(network, mapname, {});
+    EXPECT_EQ(disk.content("nord.net"), bytes + longer.substr(bytes.size()));
+    loadnet(disk.path("nord.net"));
+    EXPECT_EQ(lastnetstatus(), NetStatus::ok);
+}
+
+TEST_F(ProjectTest, AnotherExtensionWritesNothingAndCountsAsDone)
+{
+    session.netfile = "/plans/a.net";
+    netdirty = true;
+    EXPECT_TRUE(savenet(disk.path("nord.txt")));
+    EXPECT_FALSE(fs::exists(disk.path("nord.txt")));
+    EXPECT_FALSE(netdirty);
+    EXPECT_EQ(session.netfile, "/plans/a.net");
+    EXPECT_EQ(session.recent[0], "/plans/a.net");
+    EXPECT_EQ(label2, "nord.txt a été enregistré");
+}
+
+TEST_F(ProjectTest, AFailedSaveIsToldAndKeepsItsMark)
+{
+    netdirty = true;
+    const std::string path = disk.path("missing/nord.net");
+    std::string why;
+    EXPECT_FALSE(savenet(path, &why));
+    EXPECT_THAT(told, ElementsAre(path + " impossible à enregistrer"));
+    EXPECT_EQ(why, "No such file or directory");
+    EXPECT_TRUE(netdirty);
+    EXPECT_FALSE(pointer);
+    EXPECT_EQ(getsetting("LastProject", "none"), "none");
+}
+
+TEST_F(ProjectTest, TheDemoComesBackByteForByte)
+{
+    const std::string demo = VELMORA_SOURCE_DIR "/demo/cumberland";
+    const auto net = readfile(demo + ".net");
+    const auto map = readfile(demo + ".map");
+    ASSERT_TRUE(net && map);
+    loadnet(demo + ".net");
+    ASSERT_EQ(lastnetstatus(), NetStatus::ok);
+    ASSERT_EQ(lastmapstatus(), MapStatus::ok);
+    NetFile file;
+    NetworkTables tables;
+    parsenet(asbytes(*net), tables, file);
+    EXPECT_EQ(netbytes(network, file.mapname, file.pictures), *net);
+    ASSERT_TRUE(savemap(disk.path("copy.map")));
+    EXPECT_EQ(disk.content("copy.map"), *map);
+}

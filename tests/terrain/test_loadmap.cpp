@@ -1,0 +1,192 @@
+#include "app/base/hooks.h"
+#include "app/base/numbers.h"
+#include "app/base/operation.h"
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "mapsamples.h"
+#include "support/tempfolder.h"
+#include "terrain/mapfile.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+class LoadMapTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        mapgrid = MapGrid();
+        mapname = "before.map";
+        mapdirty = false;
+        session = Session();
+        setprogramfolder(disk.makefolder("program"));
+        hooks.askuser = [this](const Question& question) {
+            told.push_back(question.text);
+            return Answer::ok;
+        };
+        hooks.setlabel2 = [this](const std::string& text) { label2.push_back(text); };
+        hooks.mapchanged = [this] { ++mapchanges; };
+        hooks.busypointer = [this](bool busy) { pointer = busy; };
+    }
+    void TearDown() override
+    {
+        resethooks();
+        session = Session();
+        setprogramfolder("");
+    }
+
+    TempFolder disk;
+    std::vector<std::string> told;
+    std::vector<std::string> label2;
+    int mapchanges = 0;
+    bool pointer = false;
+};
+
+TEST_F(LoadMapTest, ReadsAMapAndEndsAnOperationThatNeverBegan)
+{
+    const std::string path = disk.makefile("Relief.MAP", currentmap());
+    mapdirty = true;
+    EXPECT_TRUE(loadmap("\"" + path + "\""));
+    EXPECT_EQ(lastmapstatus(), MapStatus::ok);
+    EXPECT_EQ(mapgrid.samples.size(), 6U);
+    EXPECT_EQ(mapname, lowercase(path));
+    EXPECT_FALSE(mapdirty);
+    EXPECT_EQ(mapchanges, 1);
+    EXPECT_THAT(label2, ElementsAre("Arrêté par l'utilisateur."));
+    EXPECT_EQ(operationextent.upperx, 2);
+    EXPECT_EQ(operationextent.uppery, 1);
+}
+
+TEST_F(LoadMapTest, AnotherExtensionChangesNothing)
+{
+    for (const std::string& path : {disk.makefile("relief.dat", currentmap()), std::string()}) {
+        EXPECT_FALSE(loadmap(path));
+        EXPECT_EQ(mapname, "before.map");
+        EXPECT_FALSE(mapdirty);
+        EXPECT_EQ(mapchanges, 0);
+        EXPECT_TRUE(label2.empty());
+    }
+}
+
+TEST_F(LoadMapTest, AMissingMapIsSilentAndMarksTheMap)
+{
+    EXPECT_FALSE(loadmap(disk.path("missing.map")));
+    EXPECT_EQ(lastmapstatus(), MapStatus::unreadable);
+    EXPECT_TRUE(mapdirty);
+    EXPECT_EQ(mapname, "before.map");
+    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(mapchanges, 1);
+}
+
+TEST_F(LoadMapTest, AMapIsFoundBesideItsNetwork)
+{
+    disk.makefolder("moved");
+    const std::string path = disk.makefile("moved/relief.map", currentmap());
+    session.netfile = lowercase(disk.path("moved/nord.net"));
+    EXPECT_TRUE(loadmap("c:\\elsewhere\\Relief.map"));
+    EXPECT_EQ(mapname, lowercase(path));
+}
+
+TEST_F(LoadMapTest, AMapIsFoundInTheProgramsFolderLast)
+{
+    const std::string path = disk.makefile("program/relief.map", currentmap());
+    session.netfile = lowercase(disk.path("nord.net"));
+    EXPECT_TRUE(loadmap("/elsewhere/relief.map"));
+    EXPECT_EQ(mapname, lowercase(path));
+}
+
+TEST_F(LoadMapTest, ATruncatedMapFailsSilently)
+{
+    EXPECT_FALSE(loadmap(disk.makefile("short.map", currentmap().substr(0, 99))));
+    EXPECT_EQ(lastmapstatus(), MapStatus::truncated);
+    EXPECT_TRUE(mapdirty);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(LoadMapTest, AnOlderMapIsConvertedAndItsPicturePlaced)
+{
+    std::vector<std::string> opened;
+    std::string placed;
+    std::array<float, 4> lon{};
+    std::array<float, 4> lat{};
+    hooks.openpicture = [&](const std::string& name, int kind) {
+        opened.push_back(name);
+        EXPECT_EQ(kind, 1);
+    };
+    hooks.placepicture = [&](const std::string& name, const float* lons, const float* lats) {
+        placed = name;
+        std::copy_n(lons, 4, lon.begin());
+        std::copy_n(lats, 4, lat.begin());
+    };
+    const std::string path = disk.makefile("old.map", oldermap(84));
+    EXPECT_TRUE(loadmap(path));
+    const std::string picture = lowercase(disk.path("old.bmp"));
+    EXPECT_THAT(opened, ElementsAre(picture));
+    EXPECT_EQ(placed, picture);
+    EXPECT_EQ(lon, mapgrid.maplon);
+    EXPECT_EQ(lat, mapgrid.maplat);
+    EXPECT_THAT(label2, ElementsAre("Ouverture du fichier carte...",
+                                    "Conversion au nouveau format de carte...", "Complété."));
+    EXPECT_FALSE(mapdirty);
+}
+
+TEST_F(LoadMapTest, AForeignFileIsTold)
+{
+    hooks.openpicture = [](const std::string&, int) { FAIL(); };
+    EXPECT_FALSE(loadmap(disk.makefile("foreign.map", oldermap(999))));
+    EXPECT_THAT(told, ElementsAre("Mauvais format de carte"));
+    EXPECT_EQ(lastmapstatus(), MapStatus::badformat);
+    EXPECT_EQ(mapgrid.record, MapRecord());
+}
+
+TEST_F(LoadMapTest, AStopLeavesTheMapHalfConverted)
+{
+    const std::string path = disk.makefile("old.map", oldermap(84));
+    int steps = 0;
+    hooks.pumpevents = [&steps] {
+        if (++steps == 11) // one of them is the beginning's
+            opbusy = 0;
+    };
+    hooks.openpicture = [](const std::string&, int) { FAIL(); };
+    EXPECT_FALSE(loadmap(path));
+    EXPECT_EQ(lastmapstatus(), MapStatus::stopped);
+    EXPECT_TRUE(mapdirty);
+    EXPECT_EQ(mapgrid.at(9, 0), 12);
+    EXPECT_EQ(mapgrid.at(10, 0), 0);
+    EXPECT_EQ(label2.back(), "Arrêté par l'utilisateur.");
+}
+
+TEST_F(LoadMapTest, SavingGivesTheSameBytesAndTheStatusLineTheName)
+{
+    ASSERT_TRUE(loadmap(disk.makefile("a.map", currentmap())));
+    mapdirty = true;
+    EXPECT_TRUE(savemap(disk.path("b.map")));
+    EXPECT_EQ(disk.content("b.map"), currentmap());
+    EXPECT_EQ(mapname, disk.path("b.map"));
+    EXPECT_FALSE(mapdirty);
+    EXPECT_FALSE(pointer);
+    EXPECT_EQ(label2.back(), "b.map a été enregistrée");
+}
+
+TEST_F(LoadMapTest, SavingOverALongerMapReplacesIt)
+{
+    const std::string path = disk.makefile("a.map", currentmap() + "left over");
+    ASSERT_TRUE(loadmap(path));
+    EXPECT_TRUE(savemap(mapname)); // lower case, and finds the file that was read
+    EXPECT_EQ(disk.content("a.map"), currentmap());
+}
+
+TEST_F(LoadMapTest, AFailedSaveIsSilentAndKeepsItsMark)
+{
+    ASSERT_TRUE(loadmap(disk.makefile("a.map", currentmap())));
+    mapdirty = true;
+    const std::string before = mapname;
+    std::string why;
+    EXPECT_FALSE(savemap(disk.path("missing/b.map"), &why));
+    EXPECT_EQ(why, "No such file or directory");
+    EXPECT_TRUE(mapdirty);
+    EXPECT_EQ(mapname, before);
+    EXPECT_TRUE(told.empty());
+    EXPECT_FALSE(pointer);
+}
