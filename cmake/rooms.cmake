@@ -53,20 +53,22 @@ function(velmora_test name)
     TEST_PREFIX "${name}." PROPERTIES LABELS ${label} TIMEOUT 300)
 endfunction()
 
-# velmora_fuzz(name SOURCES ... USES ...): a reader of outside bytes under random input. With
-# VELMORA_LIBFUZZER it is a libFuzzer program; otherwise a driver that replays the seeds and a fixed
-# number of mutations of them, so that every test run gives each reader a short shake.
+# velmora_fuzz(name SOURCES ... USES ...): a reader of outside bytes under random input, as the program
+# fuzz_<name> with its seeds in fuzz/seeds/<name>. With VELMORA_LIBFUZZER it is a libFuzzer program;
+# otherwise a driver that replays the seeds and a fixed number of mutations of them, so that every
+# test run gives each reader a short shake.
 function(velmora_fuzz name)
   cmake_parse_arguments(PARSE_ARGV 1 F "" "" "SOURCES;USES")
-  velmora_check_uses(${name} "${F_USES}")
-  add_executable(${name} ${F_SOURCES})
-  target_link_libraries(${name} PRIVATE ${F_USES} velmora_flags)
-  target_compile_definitions(${name} PRIVATE VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  set(target fuzz_${name})
+  velmora_check_uses(${target} "${F_USES}")
+  add_executable(${target} ${F_SOURCES})
+  target_link_libraries(${target} PRIVATE ${F_USES} velmora_flags)
+  target_compile_definitions(${target} PRIVATE VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   if(VELMORA_LIBFUZZER)
-    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    target_link_options(${target} PRIVATE -fsanitize=fuzzer)
   else()
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/driver.cpp)
-    add_test(NAME fuzz.${name} COMMAND ${name} ${PROJECT_SOURCE_DIR}/fuzz/seeds/${name})
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/driver.cpp)
+    add_test(NAME fuzz.${name} COMMAND ${target} ${PROJECT_SOURCE_DIR}/fuzz/seeds/${name})
     set_tests_properties(fuzz.${name} PROPERTIES LABELS unit TIMEOUT 120)
   endif()
 endfunction()

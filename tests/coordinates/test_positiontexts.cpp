@@ -80,7 +80,8 @@ TEST(DmsText, TakesAnyNumber)
 
 TEST(DmsText, NormalisingByTurnsIsExact)
 {
-    for (float lon = -900; lon < 900; lon += 0.37F) {
+    for (int i = -2500; i < 2500; ++i) {
+        const float lon = 0.37F * static_cast<float>(i);
         float expected = lon;
         while (expected < -180)
             expected += 360;

@@ -75,7 +75,7 @@ TEST(NetFileFormat, EveryFieldStandsAtItsOffset)
     EXPECT_EQ(rawvalue<int>(bytes, unit + 16), 0x010203);
     EXPECT_EQ(rawvalue<int>(bytes, unit + 20), 0x040506);
     EXPECT_EQ(bytes.substr(unit + 24, 20), "Cr\xEAte               ");
-    EXPECT_EQ(rawvalue<float>(bytes, unit + 49 * 44), 7);
+    EXPECT_EQ(rawvalue<float>(bytes, unit + 2156), 7); // station 50
     const std::size_t system = 2204 + 24 * 50;
     EXPECT_EQ(rawvalue<float>(bytes, system), 25);
     EXPECT_EQ(rawvalue<float>(bytes, system + 4), -113);
@@ -126,8 +126,8 @@ TEST(NetFileFormat, WhatFollowsTheTablesStandsInOrder)
         rawstring("c:\\\xE9t\xE9.map") + rawstring("a.bmp") + rawstring("b.bmp") + rawstring("");
     EXPECT_EQ(bytes.substr(7828, names.size()), names);
     const std::size_t heights = 7828 + names.size();
-    EXPECT_EQ(rawvalue<float>(bytes, heights + 4 * 1), 17); // net 2, station 1: nets run fastest
-    EXPECT_EQ(rawvalue<float>(bytes, heights + 4 * 1249), 18);
+    EXPECT_EQ(rawvalue<float>(bytes, heights + 4), 17); // net 2, station 1: nets run fastest
+    EXPECT_EQ(rawvalue<float>(bytes, heights + 4996), 18);
     EXPECT_EQ(bytes[heights + 5000], '\xFF');
     EXPECT_EQ(bytes[heights + 5049], 4);
     EXPECT_EQ(bytes.size(), heights + 5050);

@@ -179,7 +179,7 @@ TEST(OlderMap, HeightsRoundHalfToEvenAndStayWithinTheirBits)
 TEST(OlderMap, RunsEastwardThenNorthward)
 {
     std::string bytes = oldermap(10, 0);
-    bytes.replace(olderheights + 4 * (513 * 2 + 5), 4, rawbytes(77.0F));
+    bytes.replace(olderheights + std::size_t{4} * (513 * 2 + 5), 4, rawbytes(77.0F));
     MapGrid map;
     ASSERT_EQ(parse(bytes, map), MapStatus::ok);
     EXPECT_EQ(map.at(5, 2), 77);

@@ -1,0 +1,24 @@
+// A .net file: whatever its bytes, what a complete reading took is written back unchanged.
+
+#include "network/netfile.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const auto bytes = std::as_bytes(std::span(data, size));
+    NetworkTables tables = defaulttables();
+    NetFile file;
+    const NetStatus status = parsenet(bytes, tables, file);
+    for (const Unit& unit : tables.units)
+        findunit(tables, unit.name.text());
+    if (status != NetStatus::ok || file.older)
+        return 0;
+    const std::string written = netbytes(tables, file.mapname, file.pictures);
+    if (written.size() > size || std::memcmp(written.data(), data, written.size()) != 0)
+        std::abort();
+    return 0;
+}
