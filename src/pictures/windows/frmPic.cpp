@@ -12,8 +12,10 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyleOptionSizeGrip>
 
 #include <algorithm>
 #include <cmath>
@@ -59,6 +61,7 @@ frmPic::frmPic(OpenPicture& shown, QWidget* parent)
     setFocusProxy(Picture1);
     Picture2->setObjectName(QStringLiteral("Picture2"));
     Picture2->setCursor(Qt::SizeFDiagCursor);
+    Picture2->setAutoFillBackground(true);
     Picture2->installEventFilter(this);
     Picture2->hide();
     connect(Picture1, &SurfaceView::pressed, this, &frmPic::surfacepressed);
@@ -267,20 +270,38 @@ void frmPic::keyPressEvent(QKeyEvent* event)
     }
 }
 
-void frmPic::dragedgrip(const QPoint& by)
+QWidget* frmPic::outerwindow()
 {
-    QWidget* outer = this;
-    if (auto* inmain = qobject_cast<QMdiSubWindow*>(parentWidget()))
-        outer = inmain;
+    auto* inmain = qobject_cast<QMdiSubWindow*>(parentWidget());
+    return inmain != nullptr ? inmain : static_cast<QWidget*>(this);
+}
+
+void frmPic::draggedgrip(const QPoint& by)
+{
+    QWidget* outer = outerwindow();
     if (!outer->isMaximized())
         outer->resize(outer->width() + by.x(), outer->height() + by.y());
 }
 
+void frmPic::paintgrip()
+{
+    QPainter painter(Picture2);
+    QStyleOptionSizeGrip option;
+    option.initFrom(Picture2);
+    option.corner = Qt::BottomRightCorner;
+    if (!outerwindow()->isMaximized())
+        style()->drawControl(QStyle::CE_SizeGrip, &option, &painter, Picture2);
+}
+
 bool frmPic::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == Picture2 && event->type() == QEvent::Paint) {
+        paintgrip();
+        return true;
+    }
     if (watched == Picture2 && event->type() == QEvent::MouseButtonPress)
         grippress = static_cast<QMouseEvent*>(event)->position().toPoint();
     if (watched == Picture2 && event->type() == QEvent::MouseButtonRelease)
-        dragedgrip(static_cast<QMouseEvent*>(event)->position().toPoint() - grippress);
+        draggedgrip(static_cast<QMouseEvent*>(event)->position().toPoint() - grippress);
     return QWidget::eventFilter(watched, event);
 }

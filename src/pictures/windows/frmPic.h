@@ -48,7 +48,10 @@ private:
     void startselection(const QPoint& at);
     void dragselection(const QPoint& at);
     void movehairs(int dx, int dy);
-    void dragedgrip(const QPoint& by);
+    void draggedgrip(const QPoint& by);
+    void paintgrip();
+    /// The window that has the frame: in the main window the one around this widget.
+    QWidget* outerwindow();
 
     OpenPicture* entry;
     SurfaceView* Picture1;

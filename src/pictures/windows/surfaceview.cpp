@@ -7,20 +7,32 @@
 namespace
 {
 
-/// Hairs and selection invert what lies under them, so that they show on every picture.
+/// Black dashes on a white line show on every picture, whatever its colours.
+void paintdashed(const QPolygonF& line, QPainter& painter)
+{
+    QPen pen(Qt::white, 1, Qt::SolidLine, Qt::FlatCap);
+    painter.setPen(pen);
+    painter.drawPolyline(line);
+    pen.setColor(Qt::black);
+    pen.setDashPattern({4, 4});
+    painter.setPen(pen);
+    painter.drawPolyline(line);
+}
+
+void painthair(const QLine& hair, QPainter& painter)
+{
+    const QLineF middle = QLineF(hair).translated(0.5, 0.5);
+    paintdashed(QPolygonF({middle.p1(), middle.p2()}), painter);
+}
+
 void paintmarks(const PictureMarks& marks, QPainter& painter)
 {
-    painter.setCompositionMode(QPainter::CompositionMode_Difference);
     if (marks.Line1)
-        painter.fillRect(QRect(marks.vertical.p1(), QSize(1, marks.vertical.dy())), Qt::white);
+        painthair(marks.vertical, painter);
     if (marks.Line2)
-        painter.fillRect(QRect(marks.horizontal.p1(), QSize(marks.horizontal.dx(), 1)), Qt::white);
-    if (marks.Shape2) {
-        QPen pen(Qt::white, 1, Qt::CustomDashLine, Qt::FlatCap);
-        pen.setDashPattern({4, 4});
-        painter.setPen(pen);
-        painter.drawRect(QRectF(marks.selection).adjusted(0.5, 0.5, -0.5, -0.5));
-    }
+        painthair(marks.horizontal, painter);
+    if (marks.Shape2)
+        paintdashed(QRectF(marks.selection).adjusted(0.5, 0.5, -0.5, -0.5), painter);
 }
 
 } // namespace
