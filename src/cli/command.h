@@ -30,3 +30,7 @@ std::function<void()> setuplosses(CLI::App& parser);
 std::function<void()> setupwhere(CLI::App& parser);
 std::function<void()> setupparse(CLI::App& parser);
 std::function<void()> setupelevation(CLI::App& parser);
+
+// rendering.cpp
+std::function<void()> setuprender(CLI::App& parser);
+std::function<void()> setupdraw(CLI::App& parser);

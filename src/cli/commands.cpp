@@ -4,8 +4,8 @@
 
 std::span<const Command> commands()
 {
-    static constexpr std::array<Command, 8> table{{
-        {"info", "Say what a network or a map holds", setupinfo},
+    static constexpr std::array<Command, 10> table{{
+        {"info", "Say what a network, a map or a picture holds", setupinfo},
         {"evaluate", "Evaluate all links: signal quality and reachability of each pair",
          setupevaluate},
         {"lines", "Evaluate all links: line class of each pair", setuplines},
@@ -14,6 +14,8 @@ std::span<const Command> commands()
         {"where", "Text forms of a position", setupwhere},
         {"parse", "Position of a locator or of an MGRS reference", setupparse},
         {"elevation", "Elevations of a map under positions", setupelevation},
+        {"render", "Draw a map into a picture", setuprender},
+        {"draw", "Draw a network over its map into a picture", setupdraw},
     }};
     return table;
 }

@@ -2,6 +2,7 @@
 #include "cli/failure.h"
 #include "cli/inputs.h"
 #include "cli/output.h"
+#include "cli/pictureinfo.h"
 #include "terrain/mapgrid.h"
 
 #include <algorithm>
@@ -94,7 +95,8 @@ void runinfo(const InfoArguments& arguments)
         printresult(mapinfo(arguments.file));
         break;
     case FileKind::other:
-        throw Failure(arguments.file, "neither a .net nor a .map file");
+        printresult(pictureinfo(arguments.file));
+        break;
     }
 }
 } // namespace
@@ -102,7 +104,7 @@ void runinfo(const InfoArguments& arguments)
 std::function<void()> setupinfo(CLI::App& parser)
 {
     auto arguments = std::make_shared<InfoArguments>();
-    parser.add_option("FILE", arguments->file, "A .net or .map file")->required();
+    parser.add_option("FILE", arguments->file, "A .net or .map file, or a picture")->required();
     addoptions(parser, arguments->options);
     parser.footer("Prints key=value lines. Counted are the stations with a position, the systems\n"
                   "that a net gives a member, and the nets with members. Positions are\n"

@@ -67,7 +67,6 @@ OpenPicture& addnew()
 /// Takes the raster of a file and what lies beside it.
 void loadfiles(OpenPicture& picture, const std::string& name)
 {
-    constexpr std::size_t enough = 65536; // bytes; the texts beside a raster are short
     const auto file = findfile(name);
     const QImage raster = file ? readraster(*file) : QImage();
     if (raster.isNull()) {
@@ -78,14 +77,7 @@ void loadfiles(OpenPicture& picture, const std::string& name)
     picture.surface.kept = raster;
     if (picture.data.Pictype == pictype::fourcorners)
         picture.data.Pictype = pictype::plain;
-    const auto text = [&name](const char* extension) -> std::optional<std::string> {
-        const auto path = findfile(companion(name, extension));
-        return path ? readfile(*path, enough) : std::nullopt;
-    };
-    if (const auto sidecar = text("dat"))
-        parsesidecar(*sidecar, picture.data);
-    else if (const auto adr = text("adr"))
-        parseadr(*adr, picture.data);
+    readcompanion(name, picture.data);
 }
 
 /// Saves the raster under a name that says .bmp; false when it couldn't be written.

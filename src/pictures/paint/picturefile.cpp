@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <cstdio>
+#include <optional>
 
 QImage readraster(const std::string& path)
 {
@@ -20,6 +21,19 @@ QImage readraster(const std::string& path)
     image.fill(Qt::white);
     QPainter(&image).drawImage(QRect(QPoint(0, 0), read.size()), read);
     return image;
+}
+
+void readcompanion(const std::string& raster, Picture& picture)
+{
+    constexpr std::size_t enough = 65536; // bytes; the texts beside a raster are short
+    const auto text = [&raster](const char* extension) -> std::optional<std::string> {
+        const auto path = findfile(companion(raster, extension));
+        return path ? readfile(*path, enough) : std::nullopt;
+    };
+    if (const auto sidecar = text("dat"))
+        parsesidecar(*sidecar, picture);
+    else if (const auto adr = text("adr"))
+        parseadr(*adr, picture);
 }
 
 bool writebmp(const std::string& path, const QImage& image, std::string* why)

@@ -10,6 +10,9 @@
 /// image when it cannot be loaded.
 QImage readraster(const std::string& path);
 
+/// Reads what lies beside a raster into its picture: the sidecar, or else its older form.
+void readcompanion(const std::string& raster, Picture& picture);
+
 /// Writes an image as a Windows bitmap of 24 bits, as a whole or not at all.
 bool writebmp(const std::string& path, const QImage& image, std::string* why = nullptr);
 
