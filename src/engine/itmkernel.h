@@ -163,11 +163,7 @@ inline void path(const double* z, int n, double step, const ItmInput& in, ItmRes
     const Terrain t{z, step, 0.5 * radio.gme};
     const double top1 = z[0] + radio.hg1;
     const double top2 = z[n] + radio.hg2;
-    const Horizon left = horizon<false>(t, n, top1, top2);
-    const bool clear = left.sample == n;
-    Horizon right{0, left.distance, sightangle(top1, top2, n * step, t.halfgme)};
-    if (!clear)
-        right = horizon<true>(t, n, top2, top1);
+    const auto [left, right, clear] = horizons(t, n, top1, top2);
     const double d = n * step;
     const Stretch s = stretch(radio, d, left.distance, right.distance);
     const Windows w = windows(step, n, d, s, left.distance, right.distance);

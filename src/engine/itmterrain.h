@@ -30,30 +30,70 @@ ITM_INLINE double sightangle(double z, double top, double distance, double halfg
     return (z - top) / distance - halfgme * distance;
 }
 
-/// Horizon from sample `from`, at height `top`, towards sample `to`, where the ray to height
-/// `target` is free: the highest of the angles to all samples between. Without one above the ray
-/// the horizon is the other end.
-template <bool leftwards>
-ITM_INLINE Horizon horizon(const Terrain& t, int n, double top, double target)
+/// The highest of the angles to samples passed, as a fraction: height over distance. Fractions are
+/// compared without dividing them.
+struct Highest {
+    Lanes height = fill<Lanes>(-1e290);
+    Lanes distance = fill<Lanes>(1);
+
+    ITM_INLINE void see(Lanes h, Lanes s)
+    {
+        const auto higher = h * distance > height * s;
+        height = select(higher, h, height);
+        distance = select(higher, s, distance);
+    }
+
+    /// Distance of the highest, m, that of the nearest if several are level.
+    ITM_INLINE double nearest() const
+    {
+        double angles[width], distances[width];
+        store(angles, height / distance);
+        store(distances, distance);
+        int best = 0;
+        for (int l = 1; l < width; ++l)
+            best = angles[l] > angles[best] ? l : best;
+        return distances[best];
+    }
+};
+
+struct Horizons {
+    Horizon left, right;
+    bool clear; ///< no sample stands above the line between the antennas
+};
+
+/// Horizons of the antennas at both ends of a path, at heights top1 and top2: the samples between
+/// that they see highest. Without one above the line between them each other's end is the horizon
+/// (Algorithm, section 3; Guide, annex on terrain).
+ITM_INLINE Horizons horizons(const Terrain& t, int n, double top1, double top2)
 {
-    constexpr double near_m = 1e-6; // samples so near below the ray are looked at exactly
+    Highest left, right;
+    Lanes at = countfrom(1);
+    for (int j = 1; j < n; j += width) {
+        const Lanes s1 = at * t.step;
+        const Lanes s2 = (n - at) * t.step;
+        const Lanes z = select(at < n + 0.0, load(t.z + j), -1e280);
+        left.see(z - top1 - t.halfgme * s1 * s1, s1);
+        right.see(z - top2 - t.halfgme * s2 * s2, s2);
+        at += static_cast<double>(width);
+    }
     const double d = n * t.step;
-    Horizon best{leftwards ? 0 : n, d, sightangle(target, top, d, t.halfgme)};
-    const auto look = [&](int j) {
-        const Lanes at = countfrom(j);
-        const Lanes s = (leftwards ? n - at : at) * t.step;
-        const Lanes z = load(t.z + j);
-        if (!any((z - (t.halfgme * s + best.angle) * s - top > -near_m) & (at < n + 0.0)))
-            return;
-        double angles[width];
-        store(angles, (z - top) / s - t.halfgme * s);
-        for (int l = 0; l < width && j + l < n; ++l)
-            if (angles[l] > best.angle)
-                best = {j + l, (leftwards ? n - j - l : j + l) * t.step, angles[l]};
+    Horizons out{{n, d, sightangle(top2, top1, d, t.halfgme)},
+                 {0, d, sightangle(top1, top2, d, t.halfgme)},
+                 true};
+    if (n < 2)
+        return out;
+    const auto look = [&](Horizon& horizon, double distance, double top, bool leftwards) {
+        const int steps = static_cast<int>(distance / t.step + 0.5);
+        const int sample = leftwards ? n - steps : steps;
+        const double angle = sightangle(t.z[sample], top, steps * t.step, t.halfgme);
+        if (angle > horizon.angle)
+            horizon = {sample, steps * t.step, angle};
     };
-    for (int j = 1; j < n; j += width)
-        look(j);
-    return best;
+    look(out.left, left.nearest(), top1, false);
+    out.clear = out.left.sample == n;
+    if (!out.clear)
+        look(out.right, right.nearest(), top2, true);
+    return out;
 }
 
 /// First and last sample that a least-squares line over positions x1 to x2 takes in.

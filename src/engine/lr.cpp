@@ -59,7 +59,7 @@ void LR(const double* prof, double* losses, LRRecord* rec)
     ItmResult result;
     if (first == n) {
         result = itmpath(elevations, prof[2], in);
-        losses[n + 3] = result.loss_db;
+        losses[n + 3] = result.loss_db == itmnopath_db && result.gme == 0 ? 0 : result.loss_db;
     } else {
         result = itmradial(elevations, prof[2], in, first, {losses + 3, elevations.size()});
     }

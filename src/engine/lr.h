@@ -59,9 +59,22 @@ static_assert(offsetof(LRRecord, los) == 184 && offsetof(LRRecord, scatter) == 1
 static_assert(offsetof(LRRecord, reserved3) == 192 && offsetof(LRRecord, lurban) == 196);
 static_assert(sizeof(LRRecord) == 204);
 
-/// The propagation model at the engine's border.
-///   prof     166 numbers: [1] n, the number of intervals; [2] their length, m; [3 .. n+3] ground
-///            elevations from the left station to the right one, m
-///   losses   166 numbers: [i+3] receives the loss to sample i, dB, for i from startpt to n
-///   rec      inputs and results
-extern "C" void LR(const double* prof, double* losses, LRRecord* rec);
+/// The propagation model at the engine's border: engine/itm.h on blocks.
+///   Given:     prof     166 numbers: [1] n, the number of intervals, rounded to the nearest whole
+///                       one; [2] their length, m; [3 .. n+3] ground elevations from the left
+///                       station to the right one, m
+///              rec      inputs, each held within the range that ItmInput states
+///   Returned:  losses   166 numbers: [i+3] receives the loss to sample i, dB, the right antenna
+///                       standing there, for i from startpt to n, startpt being held between 0 and
+///                       n; 0 where there is none, as at sample 0; nothing else is written
+///              rec      loss, dl1, dl2, the1, the2, gme, lfree, lobst, los, scatter of the whole
+///                       path. loss is lfree + lobst + what variability adds. los is 1 when no
+///                       sample stands above the line between the antennas, else 0. scatter is 1
+///                       when los is 0 and lobst was found in the range of scatter, else 0.
+///   Errors:    no path (n below 1, above 160 or not a number, spacing not above 0 and finite, an
+///              elevation that isn't finite): loss is 1000 dB, as for a calculation that is
+///              impossible, the other results are 0, and losses receives 0 from startpt to n where
+///              n is in range, nothing otherwise
+/// Any number of threads may call it.
+extern "C" [[gnu::visibility("default")]] void LR(const double* prof, double* losses,
+                                                  LRRecord* rec);
