@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
 #include <numbers>
+#include <numeric>
 #include <set>
 #include <utility>
 #include <vector>
@@ -106,6 +108,39 @@ bool reachesmultiple(const Ground& ground, int interval, int x, int y)
     return false;
 }
 
+/// The hillshade of the textbooks: gradient by B. Horn (1981), light at 45 degrees, no
+/// exaggeration.
+double hillshade(const Ground& ground, int x, int y, double cell, double azimuth)
+{
+    const auto h = [&](int dx, int dy) { return static_cast<double>(ground.at(x + dx, y + dy)); };
+    const double east =
+        (h(1, 1) + 2 * h(1, 0) + h(1, -1) - h(-1, 1) - 2 * h(-1, 0) - h(-1, -1)) / (8 * cell);
+    const double north =
+        (h(-1, 1) + 2 * h(0, 1) + h(1, 1) - h(-1, -1) - 2 * h(0, -1) - h(1, -1)) / (8 * cell);
+    const double slope = std::atan(std::hypot(east, north));
+    const double aspect = std::atan2(-east, -north); // downhill, clockwise from north
+    const double zenith = std::numbers::pi / 4;
+    const double light = azimuth * std::numbers::pi / 180;
+    return std::max(0.0, std::cos(zenith) * std::cos(slope) +
+                             std::sin(zenith) * std::sin(slope) * std::cos(light - aspect));
+}
+
+double correlation(const std::vector<double>& a, const std::vector<double>& b)
+{
+    const auto n = static_cast<double>(a.size());
+    const double meana = std::accumulate(a.begin(), a.end(), 0.0) / n;
+    const double meanb = std::accumulate(b.begin(), b.end(), 0.0) / n;
+    double ab = 0;
+    double aa = 0;
+    double bb = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        ab += (a[i] - meana) * (b[i] - meanb);
+        aa += (a[i] - meana) * (a[i] - meana);
+        bb += (b[i] - meanb) * (b[i] - meanb);
+    }
+    return ab / std::sqrt(aa * bb);
+}
+
 } // namespace
 
 TEST(Fastdraw, PaintsEveryPixelOfTheGridAndNothingBeside)
@@ -115,7 +150,8 @@ TEST(Fastdraw, PaintsEveryPixelOfTheGridAndNothingBeside)
     fastdraw(ground.view(), mode(5), rising(0, 1000), {pixels.data(), 512, 0, 0, 511, 511});
     for (int y = 0; y < 512; ++y)
         for (int x = 0; x < 512; ++x) {
-            const std::uint32_t pixel = pixels[static_cast<std::size_t>(y) * 512 + static_cast<std::size_t>(x)];
+            const std::uint32_t pixel =
+                pixels[static_cast<std::size_t>(y) * 512 + static_cast<std::size_t>(x)];
             if (x < 300 && y < 260)
                 ASSERT_EQ(pixel >> 24, 0xFFU) << x << " " << y;
             else
@@ -336,6 +372,31 @@ TEST(Fastdraw, OddMapsAndValuesStillGiveAPicture)
                         testing::Each(testing::Ge(0xFF000000U)));
         }
     }
+}
+
+TEST(Fastdraw, ReliefAgreesWithTheUsualHillshadeOnRealGround)
+{
+    // A table of 300 x 300 heights of the Pyrenees, row 0 in the south, 267 m apart.
+    constexpr int side = 300;
+    constexpr double cell = 80000.0 / (side - 1);
+    std::ifstream file(VELMORA_SOURCE_DIR "/../shared/data/elevation/map_e001_dted.i16",
+                       std::ios::binary);
+    if (!file)
+        GTEST_SKIP() << "no reference heights beside the project";
+    Ground ground(side, side, [](int, int) { return 0; });
+    file.read(reinterpret_cast<char*>(ground.samples.data()), std::streamsize{2} * side * side);
+    ASSERT_TRUE(file);
+    DrawValues values = mode(mapmode::moon);
+    values.cellsize = cell;
+    const Drawn drawn = draw(ground, values);
+    std::vector<double> usual;
+    std::vector<double> ours;
+    for (int y = 1; y < side - 1; ++y)
+        for (int x = 1; x < side - 1; ++x) {
+            usual.push_back(hillshade(ground, x, y, cell, values.light));
+            ours.push_back(drawn.grey(x, side - 1 - y));
+        }
+    EXPECT_GT(correlation(usual, ours), 0.95);
 }
 
 TEST(Translate, DisplaysHaveNoPalette)

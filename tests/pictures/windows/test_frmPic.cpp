@@ -1,0 +1,245 @@
+#include "pictures/paint/cursor.h"
+#include "pictures/paint/drawmap.h"
+#include "pictures/paint/picturetest.h"
+#include "pictures/windows/frmPic.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTest>
+
+namespace
+{
+
+class FrmPic : public PictureTest
+{
+protected:
+    void SetUp() override
+    {
+        PictureTest::SetUp();
+        makemap(301, 201);
+        connectpicturewindows([this](QWidget* made) {
+            ++windowsmade;
+            made->resize(400, 300);
+        });
+        picture = drawmap(nullptr, true);
+        window = windowof(*picture);
+        ASSERT_NE(window, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        surface = window->findChild<QWidget*>(QStringLiteral("Picture1"));
+        cursor = {};
+    }
+
+    void TearDown() override
+    {
+        PictureTest::TearDown();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        mousecoordinates = false;
+    }
+
+    QScrollBar* bar(const char* name) const
+    {
+        return window->findChild<QScrollBar*>(QString::fromLatin1(name));
+    }
+
+    void drag(const QPoint& from, const QPoint& to)
+    {
+        QTest::mousePress(surface, Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, surface->mapToGlobal(QPointF(to)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(surface, &move);
+        QTest::mouseRelease(surface, Qt::LeftButton, {}, to);
+    }
+
+    void hover(const QPoint& at)
+    {
+        QMouseEvent move(QEvent::MouseMove, at, surface->mapToGlobal(QPointF(at)), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(surface, &move);
+    }
+
+    OpenPicture* picture = nullptr;
+    QPointer<frmPic> window;
+    QWidget* surface = nullptr;
+    int windowsmade = 0;
+};
+
+} // namespace
+
+TEST_F(FrmPic, ShowsThePicturePixelByPixelUnderItsCaption)
+{
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("..\\Image1.bmp"));
+    EXPECT_EQ(surface->size(), QSize(301, 201));
+    EXPECT_EQ(surface->pos(), QPoint((400 - 301) / 2, (300 - 201) / 2));
+    const QImage shown = surface->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(shown, surfaceimage(picture->surface));
+}
+
+TEST_F(FrmPic, APictureHasOneWindow)
+{
+    drawmap(picture, true);
+    savepic(*picture, path("vue.bmp"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("..\\vue.bmp"));
+    openpic(path("vue.bmp"), 0);
+    EXPECT_EQ(windowsmade, 1);
+    EXPECT_EQ(windowof(*picture), window);
+}
+
+TEST_F(FrmPic, APictureWiderThanTheWindowOpensAtItsMiddle)
+{
+    makemap(1000, 800);
+    const OpenPicture* large = drawmap(openpic("", -1), true);
+    window = windowof(*large);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    const QScrollBar* across = bar("HScroll1");
+    const QScrollBar* down = bar("VScroll1");
+    ASSERT_TRUE(across->isVisible());
+    ASSERT_TRUE(down->isVisible());
+    EXPECT_EQ(across->maximum(), 1000 - (400 - down->width()));
+    EXPECT_EQ(across->value(), across->maximum() / 2);
+    EXPECT_EQ(down->value(), down->maximum() / 2);
+    EXPECT_EQ(across->pageStep(), 10);
+    const auto* large1 = window->findChild<QWidget*>(QStringLiteral("Picture1"));
+    EXPECT_EQ(large1->pos(), QPoint(-across->value(), -down->value()));
+    EXPECT_TRUE(window->findChild<QWidget*>(QStringLiteral("Picture2"))->isVisible());
+    bar("HScroll1")->setValue(7);
+    EXPECT_EQ(large1->x(), -7);
+    window->resize(1100, 900);
+    EXPECT_FALSE(across->isVisible());
+    EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("Picture2"))->isVisible());
+}
+
+TEST_F(FrmPic, TheGripResizesTheWindow)
+{
+    window->resize(150, 120);
+    auto* grip = window->findChild<QWidget*>(QStringLiteral("Picture2"));
+    ASSERT_TRUE(grip->isVisible());
+    QTest::mousePress(grip, Qt::LeftButton, {}, QPoint(3, 3));
+    QTest::mouseRelease(grip, Qt::LeftButton, {}, QPoint(43, 23));
+    EXPECT_EQ(window->size(), QSize(190, 140));
+}
+
+TEST_F(FrmPic, APressMovesTheCursor)
+{
+    QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(50, 50));
+    EXPECT_FLOAT_EQ(cursor.lon, 7.25F);
+    EXPECT_FLOAT_EQ(cursor.lat, 44.75F);
+    EXPECT_TRUE(picture->marks.Line1);
+    const QImage shown = surface->grab().toImage();
+    const QImage plain = surfaceimage(picture->surface);
+    EXPECT_NE(shown.pixel(50, 5), plain.pixel(50, 5));
+    EXPECT_NE(shown.pixel(5, 50), plain.pixel(5, 50));
+    EXPECT_EQ(shown.pixel(5, 5), plain.pixel(5, 5));
+}
+
+TEST_F(FrmPic, ArrowKeysMoveTheCursorByOnePixelAndStopAtTheEdge)
+{
+    QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(1, 50));
+    QTest::keyClick(surface, Qt::Key_Down);
+    QTest::keyClick(surface, Qt::Key_Down);
+    QTest::keyClick(surface, Qt::Key_Up);
+    QTest::keyClick(surface, Qt::Key_Right);
+    EXPECT_EQ(picture->marks.vertical.x1(), 2);
+    EXPECT_EQ(picture->marks.horizontal.y1(), 51);
+    for (int i = 0; i < 5; ++i)
+        QTest::keyClick(surface, Qt::Key_Left);
+    EXPECT_EQ(picture->marks.vertical.x1(), 0);
+}
+
+TEST_F(FrmPic, EscapeHidesTheMarksAndStopsTheWork)
+{
+    QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(50, 50));
+    opbusy = 1;
+    QTest::keyClick(surface, Qt::Key_Escape);
+    EXPECT_EQ(opbusy, 0);
+    EXPECT_FALSE(picture->marks.Line1);
+    EXPECT_FALSE(picture->marks.Line2);
+}
+
+TEST_F(FrmPic, DraggingSelects)
+{
+    drag(QPoint(10, 20), QPoint(60, 90));
+    EXPECT_TRUE(picture->marks.Shape2);
+    EXPECT_EQ(picture->marks.selection, QRect(10, 20, 50, 70));
+    EXPECT_EQ(label2, " Sélection L=50 H=70");
+    drag(QPoint(100, 100), QPoint(80, 60));
+    EXPECT_EQ(picture->marks.selection, QRect(80, 60, 20, 40));
+    drag(QPoint(200, 150), QPoint(900, 900));
+    EXPECT_EQ(picture->marks.selection, QRect(200, 150, 101, 51));
+}
+
+TEST_F(FrmPic, SmallDragsAreNoSelection)
+{
+    drag(QPoint(10, 10), QPoint(60, 14)); // 4 tall
+    EXPECT_FALSE(picture->marks.Shape2);
+    drag(QPoint(10, 10), QPoint(60, 15)); // 5 tall
+    EXPECT_FALSE(picture->marks.Shape2);
+    drag(QPoint(10, 10), QPoint(60, 16)); // 6 tall
+    EXPECT_TRUE(picture->marks.Shape2);
+    drag(QPoint(10, 10), QPoint(13, 60)); // 3 wide
+    EXPECT_FALSE(picture->marks.Shape2);
+    drag(QPoint(10, 10), QPoint(14, 60)); // 4 wide
+    EXPECT_TRUE(picture->marks.Shape2);
+}
+
+TEST_F(FrmPic, TheStatusLineFollowsTheMouseWhenItIsTo)
+{
+    label2 = "before";
+    hover(QPoint(150, 100));
+    EXPECT_EQ(label2, "before");
+    mousecoordinates = true;
+    hover(QPoint(150, 100));
+    EXPECT_EQ(label2, "007°45'00\"E  44°30'00\"N");
+}
+
+TEST_F(FrmPic, ClosingTheWindowClosesThePicture)
+{
+    window->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(openpictures.empty());
+    EXPECT_EQ(currentpic, nullptr);
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(FrmPic, ClosingThePictureClosesTheWindow)
+{
+    closepicture(*picture);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(FrmPic, TheFirstCloseOnlyStopsTheWork)
+{
+    opbusy = 1;
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(opbusy, 0);
+    EXPECT_EQ(openpictures.size(), 1U);
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(openpictures.empty());
+}
+
+TEST_F(FrmPic, ThePictureGrowsTileByTileWhileItIsDrawn)
+{
+    makemap(600, 300);
+    std::vector<std::size_t> finished;
+    hooks.pumpevents = [&] {
+        finished.push_back(picture->surface.over.size());
+        QApplication::processEvents();
+    };
+    drawmap(picture, true);
+    EXPECT_THAT(finished, testing::Contains(1U));
+    EXPECT_THAT(finished, testing::Contains(6U));
+    EXPECT_TRUE(surface->isEnabled());
+    EXPECT_EQ(surface->size(), QSize(600, 300));
+}
+
+TEST_F(FrmPic, StationsAppearInTheWindow)
+{
+    station(1, 7.75F, 44.5F, "Relais");
+    drawstations(0, false);
+    EXPECT_EQ(surface->grab().toImage().convertToFormat(QImage::Format_RGB32),
+              surfaceimage(picture->surface));
+    erasenets();
+    EXPECT_EQ(surface->grab().toImage().convertToFormat(QImage::Format_RGB32),
+              picture->surface.kept);
+}
