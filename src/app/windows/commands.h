@@ -39,6 +39,3 @@ void arrangeicons();
 void showabout();
 /// The stop signal of the running operation.
 void stopoperation();
-
-/// True when the menus say so: networks are drawn anew after each change.
-bool automaticdisplay();

@@ -7,6 +7,7 @@
 #include "app/windows/frmMain.h"
 #include "app/windows/geometry.h"
 #include "app/windows/sessionstore.h"
+#include "app/windows/shellhooks.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -17,7 +18,7 @@ static void winddown(double seconds)
     QElapsedTimer clock;
     clock.start();
     while (double(clock.elapsed()) < seconds * 1000)
-        hooks.pumpevents();
+        pumpslowly();
 }
 
 bool queryending(frmMain& window)

@@ -9,7 +9,6 @@
 #include "app/windows/stationicons.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
-#include "coordinates/positiontexts.h"
 #include "pictures/windows/frmPic.h"
 
 #include <QAction>
@@ -211,12 +210,6 @@ void frmMain::activate(QWidget* child)
     child->setFocus();
 }
 
-void frmMain::coor(float lon, float lat)
-{
-    const std::string text = dmslon(lon) + "  " + dmslat(lat);
-    Picture2->settext2(QString::fromStdString(text));
-}
-
 void frmMain::setbusy(bool on)
 {
     busy = on;
@@ -274,7 +267,7 @@ void frmMain::changeEvent(QEvent* event)
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    event->setAccepted(queryending(*this));
+    event->setAccepted(isEnabled() && queryending(*this)); // disabled: still starting
 }
 
 void closedialogs(std::initializer_list<const char*> names)

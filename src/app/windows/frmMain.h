@@ -41,9 +41,6 @@ public:
     OpenPicture* activepicture() const;
     void activate(QWidget* child);
 
-    /// Shows a longitude and a latitude, in degrees, in the status line.
-    void coor(float lon, float lat);
-
     /// Into (true) or out of the state in which only Stop is live.
     void setbusy(bool on);
     /// Enables each menu entry by what it needs.

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QThread>
 
 static void busypointer(bool busy)
 {
@@ -16,6 +17,13 @@ static void busypointer(bool busy)
         QApplication::setOverrideCursor(Qt::WaitCursor);
     while (!busy && QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
+}
+
+void pumpslowly()
+{
+    static constexpr unsigned long rest_ms = 5;
+    hooks.pumpevents();
+    QThread::msleep(rest_ms);
 }
 
 void fillhooks()

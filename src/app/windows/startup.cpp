@@ -8,6 +8,7 @@
 #include "app/windows/frmMain.h"
 #include "app/windows/frmSplash.h"
 #include "app/windows/sessionstore.h"
+#include "app/windows/shellhooks.h"
 #include "coordinates/geosys.h"
 #include "engine/lr.h"
 #include "network/netfile.h"
@@ -93,7 +94,7 @@ static void waitsplash(double t0, double least_s)
 {
     // The clock starts anew at midnight.
     for (double now = t0; now >= t0 && float(now - t0) < float(least_s); now = timeofday())
-        hooks.pumpevents();
+        pumpslowly();
 }
 
 std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOptions& options)

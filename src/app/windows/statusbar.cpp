@@ -14,6 +14,7 @@ static constexpr int narrowwindow = 1000 / unitsperpixel;
 static constexpr int lampside = 11;
 static constexpr int spacing = 8;
 static constexpr int leastlabel1 = 96;
+static constexpr int label1step = 48;
 static constexpr int leastbar = 60;
 static constexpr int greatestbar = 160;
 
@@ -78,10 +79,11 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent), label1width(leastlabel1
 void StatusBar::settext1(const QString& text)
 {
     Label1->setText(text);
-    // Wide enough for the longest text so far, so that a moving cursor doesn't move the panels.
+    // In coarse steps, so that a moving cursor hardly ever moves the panels.
     const int wanted = fontMetrics().horizontalAdvance(text) + 2;
-    if (wanted > label1width) {
-        label1width = wanted;
+    const int rounded = (wanted + label1step - 1) / label1step * label1step;
+    if (rounded != label1width) {
+        label1width = std::max(leastlabel1, rounded);
         layoutpanels();
     }
 }

@@ -24,11 +24,6 @@ void followmouse()
     mousecoordinates = mainwindow->checked("mnuMouseCoor");
 }
 
-bool automaticdisplay()
-{
-    return mainwindow->checked("mnuViewAuto");
-}
-
 void cascadewindows()
 {
     arrangewindows(*mainwindow->area, Arrangement::cascade);

@@ -78,6 +78,27 @@ TEST_F(Ending, CancelAtAnUnsavedNetworkKeepsTheProgramButTheSettingsAreStored)
     EXPECT_EQ(getsetting("DrawFontName", "none"), "MS Sans Serif");
 }
 
+TEST_F(Ending, ASecondRequestWhileTheUserIsAskedDoesNothing)
+{
+    start();
+    int asked = 0;
+    hooks.askuser = [this, &asked](const Question&) {
+        ++asked;
+        window->close();
+        return Answer::no;
+    };
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(Ending, AWindowThatIsStillStartingDoesNotClose)
+{
+    start();
+    window->setEnabled(false);
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+}
+
 TEST_F(Ending, TheFileMenuEndsTheProgramToo)
 {
     start();

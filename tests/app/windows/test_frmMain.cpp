@@ -1,14 +1,16 @@
 #include "app/base/operation.h"
-#include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "app/windows/stationicons.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
+#include "pictures/paint/overlay.h"
 #include "pictures/windows/frmPic.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTest>
@@ -36,12 +38,6 @@ TEST_F(FrmMain, ListsItsChildrenInTheOrderOfTheirOpening)
     EXPECT_THAT(window->childwindows(), testing::ElementsAre(a, c));
 }
 
-TEST_F(FrmMain, ShowsThePlaceOfTheMouse)
-{
-    window->coor(-73.25F, 45.5F);
-    EXPECT_EQ(label2(), "073°15'00\"O  45°30'00\"N");
-}
-
 TEST_F(FrmMain, TogglesToolbarStatusBarAndCheckMarks)
 {
     choose("mnuViewToolbar");
@@ -55,9 +51,8 @@ TEST_F(FrmMain, TogglesToolbarStatusBarAndCheckMarks)
     EXPECT_TRUE(mousecoordinates);
     choose("mnuMouseCoor");
     EXPECT_FALSE(mousecoordinates);
-    EXPECT_TRUE(automaticdisplay());
     choose("mnuViewAuto");
-    EXPECT_FALSE(automaticdisplay());
+    EXPECT_FALSE(window->checked("mnuViewAuto"));
 }
 
 TEST_F(FrmMain, MinimisingClosesTheDialogsButNotThePictures)
@@ -99,6 +94,32 @@ TEST_F(FrmMain, EscapeAndTheStopMenuStopAnOperation)
     endop();
     EXPECT_EQ(label2(), "Arrêté par l'utilisateur.");
     EXPECT_EQ(window->action("mnuStop")->shortcut(), QKeySequence(Qt::Key_Escape));
+}
+
+static QColor colourof(const QImage& icon)
+{
+    return icon.pixelColor(icon.width() / 2, icon.height() / 2);
+}
+
+TEST_F(FrmMain, ListsTheStationIconsOfTheProgramsFolders)
+{
+    EXPECT_TRUE(stationicons.empty());
+    const QString program = folder.filePath(QStringLiteral("program"));
+    ASSERT_TRUE(QDir().mkpath(program + QStringLiteral("/icon")));
+    const auto store = [&program](const char* name, Qt::GlobalColor colour) {
+        QImage icon(16, 16, QImage::Format_ARGB32);
+        icon.fill(colour);
+        EXPECT_TRUE(icon.save(program + QString::fromLatin1(name), "ico"));
+    };
+    store("/icon/a.ico", Qt::blue);
+    store("/z.ico", Qt::red);
+    store("/B.ICO", Qt::green);
+    fillstationicons();
+    ASSERT_EQ(stationicons.size(), 3U);
+    EXPECT_EQ(colourof(stationicons[0]), QColor(Qt::green)) << "by name";
+    EXPECT_EQ(colourof(stationicons[1]), QColor(Qt::red));
+    EXPECT_EQ(colourof(stationicons[2]), QColor(Qt::blue)) << "the subfolder after them";
+    stationicons.clear();
 }
 
 TEST_F(FrmMain, AMenuProcedureThatFailsDoesNotEndTheProgram)
