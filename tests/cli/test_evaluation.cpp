@@ -77,6 +77,13 @@ TEST_F(Evaluation, OfAllNetsTakesTheHiddenOnes)
     EXPECT_NE(rows, expectedrows(expected(false, 0)));
 }
 
+TEST_F(Evaluation, RunsInInterferenceMode)
+{
+    const Rows rows = success({"evaluate", "--interference", "plan.net"}).rows(evaluateheader);
+    EXPECT_EQ(rows, expectedrows(expected(false, 1)));
+    EXPECT_NE(rows, expectedrows(expected(false, 0)));
+}
+
 TEST_F(Evaluation, IsTheSameOnAnyNumberOfThreads)
 {
     const std::string one = success({"evaluate", "plan.net", "--threads", "1"}).out;

@@ -137,6 +137,15 @@ TEST_F(OneLink, PrintsLossesAsJson)
     EXPECT_TRUE(json.ends_with("}\n]\n"));
 }
 
+TEST_F(OneLink, InterferenceModeLosesLess)
+{
+    const auto normal = success({"link", "plan.net", "1", "2", "2"}).values();
+    const auto optimistic = success({"link", "plan.net", "1", "2", "2", "--interference"}).values();
+    EXPECT_LT(number(optimistic.at("loss")), number(normal.at("loss")));
+    EXPECT_NE(optimistic.at("linktext4").find("(mode interférence <optimiste>)"),
+              std::string::npos);
+}
+
 TEST_F(OneLink, AgreesWithTheAnalysisToTheLastDigit)
 {
     const MapGrid map = scene::hillymap(90, 80, 8, 60);

@@ -234,6 +234,21 @@ TEST(EvaluateDirect, PutsTheStationsElevationsAtTheEnds)
     EXPECT_GT(row.quality(1, 2), low);
 }
 
+TEST(EvaluateDirect, InterferenceModeGivesNoLess)
+{
+    Row row(6, 22);
+    row.run();
+    QualityTable optimistic;
+    evaluate(row.tables, row.map, false, 1, optimistic);
+    int raised = 0;
+    for (int a = 1; a <= 6; ++a)
+        for (int b = a + 1; b <= 6; ++b) {
+            EXPECT_GE(optimistic.at(1, a, b), row.quality(a, b));
+            raised += optimistic.at(1, a, b) > row.quality(a, b) ? 1 : 0;
+        }
+    EXPECT_GT(raised, 0);
+}
+
 TEST(Evalnets, FillsTheTableOfTheRunUnderTheBusyPointer)
 {
     Row row(3, 10);

@@ -73,8 +73,8 @@ TEST(SetLink, ASystemOutsideTheTableGivesNoGainAndNoHeight)
         setlink(tables, 1, 2, 1, link);
         EXPECT_EQ(link.gain12, 0);
         EXPECT_EQ(link.gain21, 0);
-        EXPECT_EQ(link.record.h1, 10);
-        EXPECT_EQ(link.record.h2, 0);
+        EXPECT_EQ(double{link.record.h1}, 10);
+        EXPECT_EQ(double{link.record.h2}, 0);
     }
 }
 
@@ -96,18 +96,18 @@ TEST(SetLink, CopiesTheNet)
     Link link;
     setlink(tables, 1, 2, 1, link);
     const LRRecord& record = link.record;
-    EXPECT_EQ(record.freq, 425.5);
+    EXPECT_EQ(double{record.freq}, 425.5);
     EXPECT_EQ(record.pol, 0);
-    EXPECT_EQ(record.eps, 81);
-    EXPECT_EQ(record.sgm, 5);
-    EXPECT_EQ(record.ns, 320);
+    EXPECT_EQ(double{record.eps}, 81);
+    EXPECT_EQ(double{record.sgm}, 5);
+    EXPECT_EQ(double{record.ns}, 320);
     EXPECT_EQ(record.clim, 7);
     EXPECT_EQ(record.varmode, 3) << "the urban factor is no part of the model's mode";
-    EXPECT_EQ(record.ptime, 10);
-    EXPECT_EQ(record.ploc, 20);
-    EXPECT_EQ(record.psit, 30);
-    EXPECT_EQ(record.h1, 10);
-    EXPECT_EQ(record.h2, 20);
+    EXPECT_EQ(double{record.ptime}, 10);
+    EXPECT_EQ(double{record.ploc}, 20);
+    EXPECT_EQ(double{record.psit}, 30);
+    EXPECT_EQ(double{record.h1}, 10);
+    EXPECT_EQ(double{record.h2}, 20);
 }
 
 TEST(AntHeight, ThePrivateHeightGoesBeforeTheSystems)
@@ -127,7 +127,7 @@ TEST(LinkMargin, AsksForTheFarEndOrForAllSamples)
     const int n = far.profile.intervals();
     EXPECT_EQ(far.record.startpt, n);
     EXPECT_EQ(all.record.startpt, 0);
-    EXPECT_EQ(far.record.loss, all.record.loss);
+    EXPECT_EQ(double{far.record.loss}, double{all.record.loss});
     EXPECT_NEAR(loss(far, n), loss(all, n), 1e-6);
     for (int i = 0; i < n; ++i)
         EXPECT_EQ(loss(far, i), 0) << i;
@@ -136,10 +136,19 @@ TEST(LinkMargin, AsksForTheFarEndOrForAllSamples)
     EXPECT_EQ(loss(all, 0), 0) << "the left station has no loss to itself";
 }
 
+TEST(LinkMargin, InterferenceModeIsOptimistic)
+{
+    const Link normal = evaluated(twostations(), true, 0);
+    const Link optimistic = evaluated(twostations(), true, 1);
+    EXPECT_EQ(normal.record.interf, 0);
+    EXPECT_EQ(optimistic.record.interf, 1);
+    EXPECT_LT(double{optimistic.record.loss}, double{normal.record.loss});
+}
+
 TEST(LinkMargin, WithoutTheUrbanFactorThereIsNone)
 {
     Link link = evaluated(twostations(), false);
-    EXPECT_EQ(link.record.lurban, 0);
+    EXPECT_EQ(double{link.record.lurban}, 0);
 }
 
 TEST(LinkMargin, TheUrbanFactorFallsWithDistanceAndRisesWithFrequency)
@@ -151,7 +160,7 @@ TEST(LinkMargin, TheUrbanFactorFallsWithDistanceAndRisesWithFrequency)
     const int n = urban.profile.intervals();
     const double atend = std::log10(urban.record.freq / 100) + 16.5 - 0.12 * urban.profile.distkm;
     EXPECT_GT(atend, 1);
-    EXPECT_NEAR(urban.record.lurban, atend, 1e-9);
+    EXPECT_NEAR(double{urban.record.lurban}, atend, 1e-9);
     EXPECT_NEAR(urban.record.loss - plain.record.loss, atend, 1e-9);
     for (int i = 1; i <= n; ++i) {
         const double here =
@@ -168,7 +177,7 @@ TEST(LinkMargin, TheUrbanFactorTouchesOnlyTheFarEndIfOnlyThatIsWanted)
     tables.nets[1].statmode += 100;
     const Link urban = evaluated(tables, true);
     const int n = urban.profile.intervals();
-    EXPECT_NEAR(loss(urban, n) - loss(plain, n), urban.record.lurban, 1e-9);
+    EXPECT_NEAR(loss(urban, n) - loss(plain, n), double{urban.record.lurban}, 1e-9);
     for (int i = 0; i < n; ++i)
         EXPECT_EQ(loss(urban, i), 0);
 }
@@ -187,7 +196,7 @@ TEST(LinkMargin, TheUrbanFactorIsAtLeast1dB)
     Link plain = link;
     linkmargin(tables.nets[1], false, 0, link);
     linkmargin(Net{}, false, 0, plain);
-    EXPECT_EQ(link.record.lurban, 1);
+    EXPECT_EQ(double{link.record.lurban}, 1);
     EXPECT_NEAR(loss(link, 157) - loss(plain, 157), 1, 1e-9);
     EXPECT_NEAR(loss(link, 156) - loss(plain, 156), 1, 1e-9);
     EXPECT_GT(loss(link, 1) - loss(plain, 1), 15);
@@ -198,9 +207,9 @@ TEST(LinkMargin, WithoutAFrequencyTheUrbanFactorStartsFromNothing)
     NetworkTables tables = twostations();
     tables.nets[1].statmode += 100;
     tables.nets[1].fmin = tables.nets[1].fmax = 0;
-    EXPECT_EQ(evaluated(tables, true).record.lurban, 1);
+    EXPECT_EQ(double{evaluated(tables, true).record.lurban}, 1);
     tables.nets[1].fmin = -500;
-    EXPECT_EQ(evaluated(tables, true).record.lurban, 1);
+    EXPECT_EQ(double{evaluated(tables, true).record.lurban}, 1);
 }
 
 TEST(LinkMargin, IsThatOfTheWeakerDirection)
