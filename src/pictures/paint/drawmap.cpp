@@ -97,6 +97,20 @@ Drawing makedrawing()
     return drawing;
 }
 
+/// False when there is no memory for the drawing.
+bool drawground(OpenPicture& picture)
+{
+    if (mapgrid.samples.empty())
+        return true;
+    if (colours.colortable[10] == 0)
+        setcolors();
+    const Drawing drawing = makedrawing();
+    if (drawing.pixels == nullptr || picture.surface.kept.isNull())
+        return false;
+    drawtiles(picture, drawing);
+    return true;
+}
+
 } // namespace
 
 OpenPicture* drawmap(OpenPicture* picture, bool commit)
@@ -112,12 +126,8 @@ OpenPicture* drawmap(OpenPicture* picture, bool commit)
     if (picture->surface.kept.size() != size)
         resizepicture(*picture, size.width(), size.height());
     beginop(Operation::drawmap);
-    if (!mapgrid.samples.empty()) {
-        if (colours.colortable[10] == 0)
-            setcolors();
-        drawtiles(*picture, makedrawing());
-    }
-    if (opbusy != 0) {
+    const bool drawn = drawground(*picture);
+    if (drawn && opbusy != 0) {
         if (commit)
             keep(picture->surface);
         takevalues(picture->data);

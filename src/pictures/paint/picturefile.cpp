@@ -12,6 +12,8 @@
 
 QImage readraster(const std::string& path)
 {
+    constexpr int largest = 512; // MB of pixels; more than any screenful of map needs
+    QImageReader::setAllocationLimit(largest);
     QImageReader reader(QString::fromStdString(path));
     reader.setDecideFormatFromContent(true);
     const QImage read = reader.read();

@@ -143,6 +143,18 @@ TEST_F(OpenPictures, ARasterThatCannotBeLoadedLeavesABlankPicture)
     EXPECT_EQ(picture->surface.kept.pixelColor(0, 0), QColor(Qt::white));
 }
 
+TEST_F(OpenPictures, ARasterThatClaimsAHugeSizeLeavesABlankPicture)
+{
+    // The head of a bitmap of 30000 x 30000 pixels of 24 bits, and nothing behind it.
+    const std::string head("BM\x36\x00\x00\x00\x00\x00\x00\x00\x36\x00\x00\x00\x28\x00\x00\x00"
+                           "\x30\x75\x00\x00\x30\x75\x00\x00\x01\x00\x18\x00",
+                           30);
+    text("a.bmp", head + std::string(24, '\0'));
+    const OpenPicture* picture = openpic(path("a.bmp"), 0);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->data.scalewidth, 60);
+}
+
 TEST_F(OpenPictures, GifAndJpegOpenToo)
 {
     EXPECT_EQ(openpic(raster("a.jpg", 30, 20), 0)->data.scalewidth, 30);
