@@ -128,8 +128,9 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     window->show();
     window->raise();
     window->activateWindow();
-    if (QWidget* child = window->activechild())
-        window->activate(child);
+    // A child of a disabled window could not become the active one.
+    if (const auto children = window->childwindows(); !children.empty())
+        window->activate(children.back());
     attempt(readlivesession);
     session.live.gpsstatus &= ~gpsreplaybit; // a replay that was running does not resume
     window->Timer1->start();

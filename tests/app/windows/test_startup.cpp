@@ -10,6 +10,7 @@
 #include "app/windows/statusbar.h"
 #include "network/netfile.h"
 #include "network/tables.h"
+#include "pictures/paint/openpictures.h"
 #include "terrain/mapfile.h"
 #include "terrain/mapgrid.h"
 
@@ -147,6 +148,8 @@ TEST_F(Startup, TheFirstPictureOpensMaximisedInAMaximisedWindow)
     start(path("a.bmp"));
     EXPECT_TRUE(window->isMaximized());
     EXPECT_TRUE(window->area->subWindowList().constFirst()->isMaximized());
+    EXPECT_EQ(window->activepicture(), openpictures.front().get());
+    EXPECT_TRUE(window->action("mnuFileSavePic")->isEnabled());
 }
 
 TEST_F(Startup, AReplayOfTheLastRunDoesNotResume)
