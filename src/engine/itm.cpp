@@ -32,19 +32,6 @@ namespace
 constexpr int blockintervals = 160; // paths up to this length work without the heap
 constexpr std::size_t padding = itm::kernelpadding;
 
-/// Copies elevations, each held, behind which the kernel may read on; false if one isn't finite.
-bool take(std::span<const double> elevations, double* to)
-{
-    constexpr double most_m = 1e5;
-    double test = 0; // stays 0 unless something isn't finite
-    for (std::size_t i = 0; i < elevations.size(); ++i) {
-        test += elevations[i] * 0;
-        to[i] = std::clamp(elevations[i], -most_m, most_m);
-    }
-    std::fill_n(to + elevations.size(), padding, 0.0);
-    return test == 0;
-}
-
 bool ispath(std::span<const double> elevations, double step_m)
 {
     constexpr std::size_t most = 1U << 24; // more samples than any map has along its diagonal
@@ -83,13 +70,14 @@ ItmResult itmpath(std::span<const double> elevations_m, double step_m, const Itm
 {
     if (!ispath(elevations_m, step_m))
         return nopath();
-    const int n = static_cast<int>(elevations_m.size()) - 1;
+    const int last = static_cast<int>(elevations_m.size()) - 1;
+    const itm::Kernel& kernel = *itm::kernels()[0];
     return withroom(elevations_m.size() + padding, 9 * (blockintervals + 2 + padding),
                     [&](double* room) {
-                        if (!take(elevations_m, room))
+                        if (!kernel.take(elevations_m.data(), last + 1, room))
                             return nopath();
                         ItmResult out;
-                        itm::kernels()[0]->path(room, n, heldstep(step_m), in, out);
+                        kernel.path(room, last, heldstep(step_m), in, out);
                         return out;
                     });
 }
@@ -103,14 +91,15 @@ ItmResult itmradial(std::span<const double> elevations_m, double step_m, const I
         losses_db[static_cast<std::size_t>(i)] = 0;
     if (!ispath(elevations_m, step_m))
         return nopath();
+    const itm::Kernel& kernel = *itm::kernels()[0];
     const std::size_t copy = elevations_m.size() + padding;
     const std::size_t size = copy + static_cast<std::size_t>(itm::kernelroom(last));
     return withroom(size, size, [&](double* room) {
-        if (!take(elevations_m, room))
+        if (!kernel.take(elevations_m.data(), last + 1, room))
             return nopath();
         ItmResult out;
-        itm::kernels()[0]->radial(room, last, heldstep(step_m), in, std::max(first, 1),
-                                  losses_db.data(), room + copy, out);
+        kernel.radial(room, last, heldstep(step_m), in, std::max(first, 1), losses_db.data(),
+                      room + copy, out);
         return out;
     });
 }

@@ -60,7 +60,7 @@ template <class R> ITM_INLINE KnifeEdges<R> knifeedges(R v1square, R v2square)
     const auto far1 = v1square >= 5.76;
     const auto far2 = v2square >= 5.76;
     R near1 = fill<R>(12.953), near2 = near1;
-    if (any((v1square < 5.76) | (v2square < 5.76))) {
+    if (any(either(v1square < 5.76, v2square < 5.76))) {
         near1 = 6.02 + 9.11 * squareroot(v1square) - 1.27 * v1square;
         near2 = 6.02 + 9.11 * squareroot(v2square) - 1.27 * v2square;
     }
@@ -76,7 +76,7 @@ template <class R> ITM_INLINE R heightgain(R x, R K, R inverseK, R lnK, R lnx)
 {
     const auto beyond = x >= 200.0;
     const R w3 = -lnK * lnK * lnK;
-    const auto straight = (K < 1e-5) | (x * w3 > 5495.0);
+    const auto straight = either(K<1e-5, x * w3> 5495.0);
     const R line = 17.372 * lnx - 117.0;
     const R gain = select(straight, line, 2.5e-5 * x * x * inverseK + 8.686 * lnK - 15.0);
     if (!any(beyond))
@@ -271,7 +271,7 @@ ITM_INLINE R sight(const Radio& radio, const Paths<R>& p, const DiffractionLine<
         const R bent1 = (a2 - a0 - bent2 * q) / (d2 - d0);
         const R flat2 = larger(a2 - a0, fill<R>(0)) / q; // where K1 would be negative
         const R flat1 = select(flat2 == 0.0, md, 0.0);
-        const auto bent = three & (above | (bent2 > 0.0));
+        const auto bent = both(three, either(above, bent2 > 0.0));
         k1 = select(bent, select(bent1 < 0.0, flat1, bent1), k1);
         k2 = select(bent, select(bent1 < 0.0, flat2, bent2), k2);
     }
@@ -383,9 +383,10 @@ ITM_INLINE ScatterLine<R> scatterline(const Radio& radio, const Paths<R>& p,
     const R least = larger(p.dls, p.dl + radio.scatterlag);
     const R from = select(meet < least, least, meet);
     // Antennas too low in wavelengths for the method: no scatter.
-    const auto toolow =
-        (larger(gain5.r1, gain5.r2) < 0.2) & ((h6 <= 15.0) | (larger(gain6.r1, gain6.r2) < 0.2));
-    const auto none = toolow | (a5 >= 1000.0);
+    const auto low5 = larger(gain5.r1, gain5.r2) < 0.2;
+    const auto low6 = larger(gain6.r1, gain6.r2) < 0.2;
+    const auto toolow = both(low5, either(h6 <= 15.0, low6));
+    const auto none = either(toolow, a5 >= 1000.0);
     return {(line.slope - slope) * from + line.start, slope, select(none, 1e300, from)};
 }
 

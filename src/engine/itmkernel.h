@@ -9,10 +9,13 @@
 namespace itm
 {
 
-/// The two entries of one instruction set's kernel. `z` holds n + 1 finite elevations and may be
+/// The entries of one instruction set's kernel. `z` holds n + 1 finite elevations and may be
 /// read `kernelpadding` numbers further; n >= 1.
 struct Kernel {
     const char* name;
+    /// Copies `count` elevations, held between -1e5 and 1e5 m, and puts zeros behind them for the
+    /// others to read; false if one isn't finite.
+    bool (*take)(const double* from, int count, double* to);
     void (*path)(const double* z, int n, double step, const ItmInput& in, ItmResult& out);
     /// losses[first .. n - 1] and the whole path; `room` has kernelroom(n) numbers.
     void (*radial)(const double* z, int n, double step, const ItmInput& in, int first,
@@ -30,6 +33,30 @@ const Kernel* const* kernels();
 
 inline namespace ITM_VARIANT
 {
+
+inline bool take(const double* from, int count, double* to)
+{
+    constexpr double most_m = 1e5;
+    const auto held = [](auto z) {
+        using Z = decltype(z);
+        return smaller(larger(z, fill<Z>(-most_m)), fill<Z>(most_m));
+    };
+    LaneMask odd{};
+    bool oddtail = false;
+    int i = 0;
+    for (; i + width <= count; i += width) {
+        const Lanes z = load(from + i);
+        odd |= z - z != 0.0; // infinite ones and NaN leave a NaN
+        store(to + i, held(z));
+    }
+    for (; i < count; ++i) {
+        oddtail = oddtail || from[i] - from[i] != 0;
+        to[i] = held(from[i]);
+    }
+    for (int k = 0; k < kernelpadding; k += width)
+        store(to + count + k, fill<Lanes>(0));
+    return !any(odd) && !oddtail;
+}
 
 /// What is read from the terrain of one path, or of paths side by side.
 template <class R> struct Reading {
@@ -67,8 +94,8 @@ ITM_INLINE Windows windows(double step, int n, double d, const Stretch& s, doubl
     const double x1 = s.from / step;
     const double x2 = s.to / step;
     if (horizonsunknown(hz1, hz2, d)) {
-        const Window both = linewindow(n, x1, x2);
-        return {both, both};
+        const Window whole = linewindow(n, x1, x2);
+        return {whole, whole};
     }
     return {linewindow(n, x1, 0.9 * hz1 / step), linewindow(n, (d - 0.9 * hz2) / step, x2)};
 }
@@ -98,7 +125,7 @@ template <class R> ITM_INLINE Paths<R> makepaths(const Radio& radio, const Readi
     R he1 = p.he1, he2 = p.he2;
     R smooth1 = squareroot(he1 * unit), smooth2 = squareroot(he2 * unit);
     R dl1 = estimatedhorizon(smooth1, he1, p.dh), dl2 = estimatedhorizon(smooth2, he2, p.dh);
-    const auto shortof = unknown & (dl1 + dl2 <= p.d);
+    const auto shortof = both(unknown, dl1 + dl2 <= p.d);
     if (any(shortof)) { // the heights are raised until the horizons meet
         const R q = select(shortof, squared(p.d / (dl1 + dl2)), 1.0);
         he1 = he1 * q;

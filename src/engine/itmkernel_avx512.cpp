@@ -3,4 +3,4 @@
 #include "engine/itmkernel.h"
 
 extern const itm::Kernel itmkernel_avx512;
-const itm::Kernel itmkernel_avx512 = {"avx512", itm::path, itm::radial};
+const itm::Kernel itmkernel_avx512 = {"avx512", itm::take, itm::path, itm::radial};

@@ -3,4 +3,4 @@
 #include "engine/itmkernel.h"
 
 extern const itm::Kernel itmkernel_sse2;
-const itm::Kernel itmkernel_sse2 = {"sse2", itm::path, itm::radial};
+const itm::Kernel itmkernel_sse2 = {"sse2", itm::take, itm::path, itm::radial};

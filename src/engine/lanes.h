@@ -87,6 +87,23 @@ ITM_INLINE Lanes select(LaneMask m, double a, double b)
     return m ? fill<Lanes>(a) : fill<Lanes>(b);
 }
 
+ITM_INLINE bool both(bool a, bool b)
+{
+    return a && b;
+}
+ITM_INLINE LaneMask both(LaneMask a, LaneMask b)
+{
+    return a & b;
+}
+ITM_INLINE bool either(bool a, bool b)
+{
+    return a || b;
+}
+ITM_INLINE LaneMask either(LaneMask a, LaneMask b)
+{
+    return a | b;
+}
+
 ITM_INLINE bool any(bool m)
 {
     return m;
@@ -220,8 +237,8 @@ template <class R> struct Pair {
 /// 1 / a and 1 / b by one division, which is the slowest of all operations here.
 template <class R> ITM_INLINE Pair<R> reciprocals(R a, R b)
 {
-    const R both = 1.0 / (a * b);
-    return {b * both, a * both};
+    const R inverse = 1.0 / (a * b);
+    return {b * inverse, a * inverse};
 }
 
 /// The logarithms of two numbers by one division.
