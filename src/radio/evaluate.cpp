@@ -241,8 +241,9 @@ void addretransmissions(const NetworkTables& tables, int netnumber, QualityTable
     Reachability reachability(tables, netnumber, table);
     if (reachability.members() < 3 || hops > mosthops)
         return;
-    for (int h = 1; h <= hops && reachability.addround(h, relayrole); ++h) {
-    }
+    for (int h = 1; h <= hops; ++h)
+        if (!reachability.addround(h, relayrole))
+            break;
     reachability.store(netnumber, table);
 }
 
