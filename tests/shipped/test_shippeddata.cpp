@@ -199,8 +199,8 @@ TEST(ShippedWorld, LandAndSeaLieWhereTheEarthHasThem)
     const QImage world(QString::fromStdString(shipped + "world/world.jpg"));
     ASSERT_FALSE(world.isNull());
     const auto issea = [&world](double lon, double lat) {
-        const auto x = static_cast<int>((lon + 180) / 360 * (world.width() - 1) + 0.5);
-        const auto y = static_cast<int>((90 - lat) / 180 * (world.height() - 1) + 0.5);
+        const auto x = qRound((lon + 180) / 360 * (world.width() - 1));
+        const auto y = qRound((90 - lat) / 180 * (world.height() - 1));
         const QColor colour = world.pixelColor(x, y);
         return colour.blue() > colour.red() + 25;
     };
