@@ -164,7 +164,11 @@ void savecolors()
 
 DrawValues drawvalues(const MapGrid& map)
 {
-    const MapRecord& record = map.record;
+    return drawvalues(map, map.record);
+}
+
+DrawValues drawvalues(const MapGrid& map, const MapRecord& record)
+{
     DrawValues values;
     values.mode = record.Mapmode;
     values.contrast = static_cast<double>(record.con);

@@ -57,9 +57,11 @@ constexpr int blueof(std::int32_t colour)
     return colour >> 16 & 255;
 }
 
-/// What the map painter takes from a map: its record, with the size of a cell. A range that is
-/// empty, as in a map whose statistics were never made, becomes the range of the samples.
+/// What the map painter takes from a map: its record, or another in its place, with the size of a
+/// cell. A range that is empty, as in a map whose statistics were never made, becomes the range of
+/// the samples.
 DrawValues drawvalues(const MapGrid& map);
+DrawValues drawvalues(const MapGrid& map, const MapRecord& record);
 
 /// The colour table as the map painter takes it. Levels that don't rise are spread over the drawn
 /// range, so that a picture always has colours.

@@ -19,6 +19,9 @@ void savenetworks();
 void openmap();
 void savemapcommand();
 void newpicture();
+/// Properties of the active picture, which is drawn anew when they are applied. The world map takes
+/// no drawing: there it is a new picture.
+void pictureproperties();
 void openpicture();
 void savepicture();
 /// Opens recent entry `index` (0 to 3), after `CleanNet`; nothing for one that is empty or open.

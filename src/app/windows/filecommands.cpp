@@ -1,3 +1,4 @@
+#include "app/base/operation.h"
 #include "app/base/paths.h"
 #include "app/base/session.h"
 #include "app/windows/askfile.h"
@@ -8,6 +9,7 @@
 #include "network/tables.h"
 #include "pictures/paint/drawmap.h"
 #include "pictures/paint/overlay.h"
+#include "pictures/windows/frmPicPro.h"
 #include "radio/link.h"
 #include "terrain/mapfile.h"
 #include "terrain/mapgrid.h"
@@ -94,11 +96,25 @@ void savemapcommand()
     savemapas();
 }
 
+/// Shows the properties of a picture, or of a new one, and draws it when they are applied.
+static void editpicture(OpenPicture* picture)
+{
+    newpic = picture == nullptr;
+    frmPicPro(picture ? &picture->data : nullptr, mainwindow).exec();
+    if (opbusy > 0)
+        drawmap(picture, true);
+    newpic = false;
+}
+
 void newpicture()
 {
-    newpic = true;
-    drawmap(nullptr, true);
-    newpic = false;
+    editpicture(nullptr);
+}
+
+void pictureproperties()
+{
+    OpenPicture* picture = mainwindow->activepicture();
+    editpicture(picture && picture->data.isworld() ? nullptr : picture);
 }
 
 void openpicture()

@@ -2,6 +2,7 @@
 
 #include "app/windows/commands.h"
 #include "pictures/paint/overlay.h"
+#include "pictures/windows/showworld.h"
 
 #include <array>
 
@@ -32,7 +33,7 @@ static constexpr auto entries = std::to_array<MenuEntry>({
     {1, "mnuFileNewPic", "Nouvelle image", "", newpicture, idle},
     {1, "mnuFileOpenPic", "Ouvrir une image", "", openpicture, idle},
     {1, "mnuFileSavePic", "Enregistrer l'image sous...", "", savepicture, onpicture},
-    {1, "mnuFilePicPro", "Propriétés de l'image", "", nullptr, onpicture},
+    {1, "mnuFilePicPro", "Propriétés de l'image", "", pictureproperties, onpicture},
     {1, "", "", "", nullptr, 0},
     {1, "mnuFileMode", "Mode de propagation", "", nullptr, idle},
     {2, "mnuFileModeNormal", "Normal", "", normalmode, idle, true},
@@ -88,7 +89,7 @@ static constexpr auto entries = std::to_array<MenuEntry>({
     {1, "mnuViewDebug", "&Moniteur du canal multicast", "", nullptr, idle},
     {1, "mnuViewReport", "Rapport", "", nullptr, idle},
     {1, "", "", "", nullptr, 0},
-    {1, "mnuViewWorld", "&Mappemonde", "", nullptr, idle},
+    {1, "mnuViewWorld", "&Mappemonde", "", showworld, idle},
     {1, "mnuViewGrid", "Grille d'&altitude ", "", nullptr, idle, true},
     {1, "", "", "", nullptr, 0},
     {1, "mnuViewShowNets", "Montrer les réseaux", "F5", drawnets, idle},

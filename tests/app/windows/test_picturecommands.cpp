@@ -1,0 +1,95 @@
+#include "app/base/operation.h"
+#include "app/windows/frmMain.h"
+#include "app/windows/shelltest.h"
+#include "pictures/paint/openpictures.h"
+#include "pictures/windows/frmPic.h"
+#include "terrain/mapgrid.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+/// The entries that open the properties of a picture, and the world map.
+class PictureCommands : public ShellTest
+{
+protected:
+    void SetUp() override
+    {
+        start();
+        allocatemap(mapgrid, 40, 30);
+        for (int y = 0; y < 30; ++y)
+            for (int x = 0; x < 40; ++x)
+                mapgrid.at(x, y) = static_cast<std::int16_t>(x * y);
+        mapgrid.record.hmax = 1000;
+        mapdirty = false;
+    }
+
+    /// Chooses an entry, checks the title of the dialog that comes, types a ceiling and presses a
+    /// button.
+    void answer(const char* entry, const char* title, const char* button)
+    {
+        bool seen = false;
+        QTimer::singleShot(0, window.get(), [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_TRUE(dialog);
+            EXPECT_EQ(dialog->windowTitle().toStdString(), title);
+            dialog->findChild<QLineEdit*>(QStringLiteral("ceiling"))->setText(QStringLiteral("77"));
+            QTest::mouseClick(dialog->findChild<QPushButton*>(QString::fromLatin1(button)),
+                              Qt::LeftButton);
+            seen = true;
+        });
+        choose(entry);
+        EXPECT_TRUE(seen);
+        EXPECT_EQ(opbusy, 0);
+        EXPECT_FALSE(newpic);
+    }
+};
+
+TEST_F(PictureCommands, ANewPictureIsDrawnOnceItsPropertiesAreApplied)
+{
+    answer("mnuFileNewPic", "Propriétés de la nouvelle image", "apply");
+    ASSERT_EQ(openpictures.size(), 1U);
+    EXPECT_EQ(openpictures[0]->data.maxx, 77);
+    EXPECT_EQ(openpictures[0]->data.scalewidth, 40);
+}
+
+TEST_F(PictureCommands, ANewPictureThatIsCancelledIsNotMade)
+{
+    answer("mnuFileNewPic", "Propriétés de la nouvelle image", "cancel");
+    EXPECT_TRUE(openpictures.empty());
+}
+
+TEST_F(PictureCommands, ApplyingDrawsTheActivePictureAnew)
+{
+    addpicture("/images/vue.bmp");
+    answer("mnuFilePicPro", "Propriétés de ..\\vue.bmp", "apply");
+    ASSERT_EQ(openpictures.size(), 1U);
+    EXPECT_EQ(openpictures[0]->data.Pictype, pictype::map);
+    EXPECT_EQ(openpictures[0]->data.maxx, 77);
+    EXPECT_EQ(openpictures[0]->data.scalewidth, 40);
+}
+
+TEST_F(PictureCommands, CancellingLeavesTheActivePicture)
+{
+    addpicture("/images/vue.bmp");
+    answer("mnuFilePicPro", "Propriétés de ..\\vue.bmp", "cancel");
+    EXPECT_EQ(openpictures[0]->data.Pictype, pictype::plain);
+    EXPECT_EQ(openpictures[0]->data.scalewidth, 200);
+}
+
+TEST_F(PictureCommands, TheWorldMapTakesNoDrawing)
+{
+    choose("mnuViewWorld");
+    ASSERT_EQ(openpictures.size(), 1U);
+    EXPECT_TRUE(openpictures[0]->data.isworld());
+    EXPECT_EQ(window->activepicture(), openpictures[0].get());
+    const QImage before = openpictures[0]->surface.kept;
+    answer("mnuFilePicPro", "Propriétés de la nouvelle image", "apply");
+    ASSERT_EQ(openpictures.size(), 2U);
+    EXPECT_EQ(openpictures[0]->surface.kept, before);
+    EXPECT_EQ(openpictures[1]->data.maxx, 77);
+}
