@@ -1,5 +1,7 @@
+#include "app/base/paths.h"
 #include "pictures/places.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 using testing::IsEmpty;
@@ -48,4 +50,18 @@ TEST(Places, PlacementAndBackgroundFollowTheName)
     EXPECT_EQ(places[2].box, Place::Box::complement);
     EXPECT_EQ(places[3].placement, Placement::centred);
     EXPECT_EQ(places[4].placement, Placement::right);
+}
+
+TEST(Places, TheShippedGazetteerIsReadWhole)
+{
+    const auto text = readfile(VELMORA_SOURCE_DIR "/data/cities.dat");
+    ASSERT_TRUE(text);
+    const auto places = parseplaces(*text, -1);
+    EXPECT_EQ(places.size() + 1,
+              static_cast<std::size_t>(std::count(text->begin(), text->end(), '\n')));
+    const auto montreal = std::find_if(places.begin(), places.end(),
+                                       [](const Place& place) { return place.name == "Montréal"; });
+    ASSERT_NE(montreal, places.end());
+    EXPECT_NEAR(montreal->lat, 45.5, 0.1);
+    EXPECT_NEAR(montreal->lon, -73.6, 0.1);
 }
