@@ -41,7 +41,7 @@ struct Project {
 static void loadproject(benchmark::State& state)
 {
     const Project project;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         mapgrid = MapGrid();
         loadnet(project.folder + "plan.net");
         if (lastnetstatus() != NetStatus::ok || lastmapstatus() != MapStatus::ok)
@@ -54,7 +54,7 @@ BENCHMARK(loadproject)->Unit(benchmark::kMillisecond);
 static void saveproject(benchmark::State& state)
 {
     const Project project;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         if (!savemap(project.folder + "relief.map") || !savenet(project.folder + "plan.net"))
             state.SkipWithError("the project is not saved");
     }
