@@ -30,6 +30,13 @@ void normalmode();
 void interferencemode();
 void closeprogram();
 
+/// Opens the map's properties, or brings them to the front.
+void mapproperties();
+/// Shows or closes the elevation grid by its check mark.
+void elevationgrid();
+/// Lets the map's windows reach the cursor and the pictures.
+void connectmapwindows();
+
 void showhidetoolbar();
 void showhidestatusbar();
 void followmouse();

@@ -2,6 +2,7 @@
 
 #include "app/base/hooks.h"
 #include "app/windows/askbox.h"
+#include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/statusbar.h"
 #include "pictures/paint/overlay.h"
@@ -60,5 +61,6 @@ void fillhooks()
         if (mainwindow)
             mainwindow->addpicture(picture);
     });
+    connectmapwindows();
     hooks.netsloaded = shownetwork;
 }

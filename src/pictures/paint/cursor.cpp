@@ -61,6 +61,7 @@ void movecursor(float lon, float lat)
     hooks.setlabel1(dmslon(shownlon) + "  " + dmslat(shownlat) + "  " + height);
     cursor.lon = lon;
     cursor.lat = lat;
+    picturehooks.cursormoved();
     for (const auto& picture : openpictures)
         placehairs(*picture);
 }

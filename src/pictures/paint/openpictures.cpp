@@ -5,6 +5,7 @@
 #include "app/base/paths.h"
 #include "app/base/session.h"
 #include "pictures/colours.h"
+#include "pictures/paint/drawmap.h"
 #include "pictures/paint/overlay.h"
 #include "pictures/paint/picturefile.h"
 #include "pictures/sidecar.h"
@@ -179,6 +180,16 @@ std::vector<std::string> picturenames()
     return names;
 }
 
+/// Draws the map that was built into its picture, by the picture's caption; opens one for it.
+static void drawbuiltmap(const std::string& name)
+{
+    const auto belongs = [file = lowercase(nameof(name))](const auto& picture) {
+        return lowercase(nameof(picture->caption)) == file;
+    };
+    const auto found = std::find_if(openpictures.begin(), openpictures.end(), belongs);
+    drawmap(found != openpictures.end() ? found->get() : openpic(name, -1), true);
+}
+
 void connectpictures()
 {
     hooks.openpicture = [](const std::string& name, int requested) { openpic(name, requested); };
@@ -190,5 +201,6 @@ void connectpictures()
         }
     };
     hooks.erasenets = erasenets;
+    hooks.drawmap = drawbuiltmap;
     hooks.mapchanged = setcolors;
 }

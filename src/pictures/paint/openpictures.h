@@ -58,6 +58,8 @@ struct PictureHooks {
     /// Pixels or marks changed; an empty rectangle means everywhere.
     std::function<void(OpenPicture&, const QRect&)> picturechanged = [](OpenPicture&,
                                                                         const QRect&) {};
+    /// The geographic cursor moved.
+    std::function<void()> cursormoved = [] {};
     /// The picture is about to leave the list.
     std::function<void(OpenPicture&)> closewindow = [](OpenPicture&) {};
 };

@@ -1,0 +1,3 @@
+#include "terrain/windows/mapwindows.h"
+
+MapWindowHooks mapwindowhooks;
