@@ -7,7 +7,7 @@ run_packages=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev libqt6svg6-dev libgl-dev
     libfmt-dev libcli11-dev libtbb-dev libmspack-dev
-    libgtest-dev libgmock-dev libbenchmark-dev
+    libgdal-dev libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core
 )
 test_packages=(

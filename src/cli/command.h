@@ -34,3 +34,9 @@ std::function<void()> setupelevation(CLI::App& parser);
 // rendering.cpp
 std::function<void()> setuprender(CLI::App& parser);
 std::function<void()> setupdraw(CLI::App& parser);
+
+// build.cpp
+std::function<void()> setupbuild(CLI::App& parser);
+
+// import.cpp
+std::function<void()> setupimport(CLI::App& parser);

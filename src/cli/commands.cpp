@@ -4,7 +4,7 @@
 
 std::span<const Command> commands()
 {
-    static constexpr std::array<Command, 10> table{{
+    static constexpr auto table = std::to_array<Command>({
         {"info", "Say what a network, a map or a picture holds", setupinfo},
         {"evaluate", "Evaluate all links: signal quality and reachability of each pair",
          setupevaluate},
@@ -14,8 +14,10 @@ std::span<const Command> commands()
         {"where", "Text forms of a position", setupwhere},
         {"parse", "Position of a locator or of an MGRS reference", setupparse},
         {"elevation", "Elevations of a map under positions", setupelevation},
+        {"build", "Build a map from elevation sources", setupbuild},
+        {"import", "Turn rasters of elevations into DTED cells", setupimport},
         {"render", "Draw a map into a picture", setuprender},
         {"draw", "Draw a network over its map into a picture", setupdraw},
-    }};
+    });
     return table;
 }
