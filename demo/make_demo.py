@@ -27,7 +27,7 @@ EARTH_RADIUS_KM = 6367
 DEGREE = 0.017453292519943278
 
 # How the map is drawn when it is opened: mode, contrast, brightness, azimuth of the light.
-MAP_MODE, MAP_CONTRAST, MAP_BRIGHTNESS, MAP_LIGHT = 5, 30, 70, 335
+MAP_MODE, MAP_CONTRAST, MAP_BRIGHTNESS, MAP_LIGHT = 2, 30, 70, 335
 
 WHITE, BLACK, YELLOW, NAVY, RED, GREEN = 0xFFFFFF, 0, 0x00FFFF, 0x602000, 0x2020A0, 0x205020
 
@@ -46,7 +46,7 @@ STATIONS = [
     ("Vigie du Sommet", -84.2313, 36.4854, WHITE, GREEN),
     ("Refuge du Col", -84.2729, 36.6263, WHITE, GREEN),
     ("Équipe Rivière", -84.3088, 36.7279, WHITE, BLACK),
-    ("Équipe Barrage", -84.1046, 36.5571, WHITE, BLACK),
+    ("Équipe Barrage", -84.1380, 36.5571, WHITE, BLACK),
     ("Poste Vallée Ouest", -84.3913, 36.6838, WHITE, BLACK),
 ]
 
