@@ -68,8 +68,8 @@ TEST(Velmor32, AnswersAProgramThatLoadsIt)
     rec.h1 = rec.h2 = 10;
     rec.ptime = rec.ploc = rec.psit = 50;
     lr(prof.data(), losses.data(), &rec);
-    EXPECT_NEAR(rec.lfree, 32.45 + 40 + 20, 1e-9); // 100 MHz, 10 km
-    EXPECT_EQ(losses[13], rec.loss);
+    EXPECT_NEAR(+rec.lfree, 32.45 + 40 + 20, 1e-9); // 100 MHz, 10 km
+    EXPECT_EQ(losses[13], +rec.loss);
     EXPECT_GT(losses[12], 0);
     dlclose(library);
 }
