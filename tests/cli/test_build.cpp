@@ -29,8 +29,7 @@ protected:
     {
         const std::string bytes = read(name);
         MapGrid map;
-        bool older = false;
-        EXPECT_EQ(parsemap(bytesof(bytes), map, older), MapStatus::ok);
+        EXPECT_EQ(parsemap(bytesof(bytes), map), MapStatus::ok);
         return map;
     }
     void writecell(const std::string& path, int height) const

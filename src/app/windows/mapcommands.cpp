@@ -2,6 +2,7 @@
 #include "app/windows/frmMain.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/cursor.h"
+#include "pictures/windows/showworld.h"
 #include "terrain/windows/frmGrid.h"
 #include "terrain/windows/frmMapPro.h"
 #include "terrain/windows/mapwindows.h"
@@ -82,6 +83,7 @@ void connectmapwindows()
         y = cursor.y;
     };
     mapwindowhooks.movecursor = movecursor;
+    mapwindowhooks.showworld = showworld;
     mapwindowhooks.picturepiece = picturepiece;
     picturehooks.cursormoved = refreshgrid;
 }
