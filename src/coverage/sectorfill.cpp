@@ -1,0 +1,139 @@
+#include "coverage/sectorfill.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace
+{
+/// A side of the polygon from its upper end, on rows y0 up to but without y1.
+struct Side {
+    std::int32_t y0, y1;
+    std::int32_t x0;
+    std::int64_t dx; ///< along the whole side; `y1 - y0` rows
+    int turn;        ///< +1 downward in the order of the corners, -1 upward
+};
+
+/// Where the outline passes a row: the first column to the right, and which way it goes.
+struct Crossing {
+    std::int32_t column;
+    int turn;
+};
+
+/// Quotient rounded up, of a positive divisor.
+std::int64_t ceildivide(std::int64_t a, std::int64_t b)
+{
+    const std::int64_t q = a / b;
+    return q + (a % b > 0 ? 1 : 0);
+}
+
+int makesides(const SectorQuad& quad, std::array<Side, 4>& sides)
+{
+    int count = 0;
+    for (std::size_t i = 0; i < quad.size(); ++i) {
+        const PicturePoint& a = quad[i];
+        const PicturePoint& b = quad[(i + 1) % quad.size()];
+        if (a.y == b.y)
+            continue;
+        const bool down = a.y < b.y;
+        const PicturePoint& upper = down ? a : b;
+        const PicturePoint& lower = down ? b : a;
+        sides[static_cast<std::size_t>(count++)] = {upper.y, lower.y, upper.x,
+                                                    std::int64_t{lower.x} - upper.x, down ? 1 : -1};
+    }
+    return count;
+}
+
+/// Crossings of a row, from left to right.
+int crossrow(const std::array<Side, 4>& sides, int sidecount, std::int32_t y,
+             std::array<Crossing, 4>& crossings)
+{
+    int count = 0;
+    for (int i = 0; i < sidecount; ++i) {
+        const Side& side = sides[static_cast<std::size_t>(i)];
+        if (y < side.y0 || y >= side.y1)
+            continue;
+        const std::int64_t run =
+            y == side.y0 ? 0 : ceildivide((y - side.y0) * side.dx, side.y1 - side.y0);
+        const Crossing crossing{static_cast<std::int32_t>(side.x0 + run), side.turn};
+        int at = count++;
+        for (; at > 0 && crossings[static_cast<std::size_t>(at) - 1].column > crossing.column; --at)
+            crossings[static_cast<std::size_t>(at)] = crossings[static_cast<std::size_t>(at) - 1];
+        crossings[static_cast<std::size_t>(at)] = crossing;
+    }
+    return count;
+}
+
+void fillrun(std::uint32_t* row, std::int32_t first, std::int32_t end, std::uint32_t pixel,
+             PenMode mode)
+{
+    if (mode == PenMode::copy)
+        std::fill(row + first, row + std::max(first, end), pixel);
+    else
+        for (std::int32_t x = first; x < end; ++x)
+            row[x] &= pixel;
+}
+} // namespace
+
+void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode)
+{
+    const auto [top, bottom] = std::minmax({quad[0].y, quad[1].y, quad[2].y, quad[3].y});
+    const std::int32_t firstrow = std::max(top, 0);
+    const std::int32_t endrow = std::min(bottom, sheet.height);
+    if (firstrow >= endrow)
+        return;
+    std::array<Side, 4> sides;
+    std::array<Crossing, 4> crossings;
+    const int sidecount = makesides(quad, sides);
+    for (std::int32_t y = firstrow; y < endrow; ++y) {
+        std::uint32_t* row = sheet.pixels + std::ptrdiff_t{y} * sheet.stride;
+        const int count = crossrow(sides, sidecount, y, crossings);
+        int turns = 0;
+        for (int i = 0; i + 1 < count; ++i) {
+            const auto at = static_cast<std::size_t>(i);
+            turns += crossings[at].turn;
+            if (turns != 0)
+                fillrun(row, std::max(crossings[at].column, 0),
+                        std::min(crossings[at + 1].column, sheet.width), pixel, mode);
+        }
+    }
+}
+
+void drawline(const PixelSheet& sheet, PicturePoint from, PicturePoint to, std::uint32_t pixel)
+{
+    const std::int32_t dx = std::abs(to.x - from.x);
+    const std::int32_t dy = -std::abs(to.y - from.y);
+    const std::int32_t stepx = from.x < to.x ? 1 : -1;
+    const std::int32_t stepy = from.y < to.y ? 1 : -1;
+    std::int32_t error = dx + dy;
+    for (;;) {
+        if (from.x >= 0 && from.x < sheet.width && from.y >= 0 && from.y < sheet.height)
+            sheet.pixels[std::ptrdiff_t{from.y} * sheet.stride + from.x] = pixel;
+        if (from == to)
+            return;
+        const std::int32_t twice = 2 * error;
+        if (twice >= dy) {
+            error += dy;
+            from.x += stepx;
+        }
+        if (twice <= dx) {
+            error += dx;
+            from.y += stepy;
+        }
+    }
+}
+
+void paintsectors(const PixelSheet& sheet, std::span<const SectorPaint> sectors,
+                  const CoverageColours& colours, PenMode mode)
+{
+    for (const SectorPaint& sector : sectors) {
+        const SectorQuad& quad = sector.quad;
+        if (sector.fill != sectorfill::none) {
+            const bool plain = sector.fill == sectorfill::plain;
+            fillquad(sheet, quad, plain ? colours.surface : colours.rainbow[sector.fill], mode);
+        }
+        if (sector.across)
+            drawline(sheet, quad[0], quad[3], colours.curve);
+        if (sector.along)
+            drawline(sheet, quad[0], quad[1], colours.curve);
+    }
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "coverage/radiosweep.h"
+#include "coverage/sweep.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+/// Pixels of a picture: 0xffRRGGBB, row 0 at the top, `stride` pixels from row to row.
+struct PixelSheet {
+    std::uint32_t* pixels = nullptr;
+    int stride = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// How a colour meets the pixel beneath: in its place, or combined with it bit by bit, so that the
+/// map shows through.
+enum class PenMode { copy, mask };
+
+/// Pixel value of a 0x00BBGGRR colour.
+constexpr std::uint32_t pixelof(std::int32_t colour)
+{
+    const auto c = static_cast<std::uint32_t>(colour);
+    return 0xff000000U | (c & 0xff) << 16 | (c & 0xff00) | (c >> 16 & 0xff);
+}
+
+/// Fills a four-sided polygon; what lies outside the sheet is cut. A pixel is its point on the
+/// lattice, edges to the left and above belong to the polygon, those to the right and below don't:
+/// polygons that share corners leave neither holes nor pixels painted twice. Sides may cross; a
+/// pixel is inside when the outline goes round it.
+void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode);
+
+/// Draws a line of one pixel's width, both ends included.
+void drawline(const PixelSheet& sheet, PicturePoint from, PicturePoint to, std::uint32_t pixel);
+
+/// Colours of a radio coverage, as pixels.
+struct CoverageColours {
+    std::array<std::uint32_t, 12> rainbow{};
+    std::uint32_t surface = 0;
+    std::uint32_t curve = 0;
+};
+
+/// Paints the sectors of a radial in their order: fill, then the lines of the contour.
+void paintsectors(const PixelSheet& sheet, std::span<const SectorPaint> sectors,
+                  const CoverageColours& colours, PenMode mode);
