@@ -46,6 +46,33 @@ CoverageParams heldparams(const CoverageParams& params)
     return heldones;
 }
 
+std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB)
+{
+    std::vector<int> nets;
+    const auto enabled = [&](int unit) {
+        return unit >= 1 && unit <= MAXUNIT &&
+               tables.units[static_cast<std::size_t>(unit)].enabled != 0;
+    };
+    if (unitA == unitB || !enabled(unitA) || !enabled(unitB))
+        return nets;
+    for (int n = 1; n <= MAXNET; ++n) {
+        const Net& net = tables.nets[static_cast<std::size_t>(n)];
+        if (net.ismember(unitA) && net.ismember(unitB))
+            nets.push_back(n);
+    }
+    return nets;
+}
+
+float heldlower(double typed, double least, double upper)
+{
+    return static_cast<float>(smax(smin(typed, upper - pairgap), least));
+}
+
+float heldupper(double typed, double lower, double most)
+{
+    return static_cast<float>(smin(smax(typed, lower + pairgap), most));
+}
+
 SweepBounds sweepbounds(const CoverageParams& params)
 {
     return {params.azmin, params.azmax, params.azstep, params.rangemin, params.rangemax};

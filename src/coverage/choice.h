@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// What a coverage is set up with beside the parameters of the network file.
 struct CoverageChoice {
@@ -35,6 +36,16 @@ void savecoveragesettings(const CoverageChoice& choice);
 /// step 0.1 to 10, antenna azimuth 0 to 359.99, ranges 1 to 1000 km and 0.1 to the farthest one. A
 /// number that is none becomes the lower bound.
 CoverageParams heldparams(const CoverageParams& params);
+
+/// The nets that have both stations as members, when both are enabled and differ; ascending.
+std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB);
+
+/// Least distance between the two numbers of a pair of fields.
+inline constexpr double pairgap = 0.1;
+/// A typed number held as the lower one of a pair, from `least` to the gap below `upper`, and as
+/// the upper one, from the gap above `lower` to `most`.
+float heldlower(double typed, double least, double upper);
+float heldupper(double typed, double lower, double most);
 
 /// Azimuths and ranges of the parameters.
 SweepBounds sweepbounds(const CoverageParams& params);

@@ -1,3 +1,4 @@
+#include "app/base/numbers.h"
 #include "pictures/colours.h"
 #include "pictures/paint/drawmap.h"
 #include "pictures/paint/fonts.h"
@@ -17,19 +18,39 @@ constexpr int cells = 12;
 struct Legend {
     Colours table;
     double brightness; ///< percent
+    QString title;
+    bool flat; ///< swatches are bands under a rising light; else they pass into each other
     std::array<QString, cells> labels;
     int cellwidth, rowheight;
     int left, top;
 };
 
-Legend makelegend(const OpenPicture& picture)
+QString labeltext(const Colours& table, const SignalScale* signal, std::size_t i)
 {
-    Legend legend{colours, static_cast<double>(picture.data.bri), {}, 0, 0, 0, 0};
+    if (i == 0)
+        return QStringLiteral("<");
+    if (signal != nullptr)
+        return QString::fromStdString(generalnumber(signal->levels[i - 1]));
+    return QString::number(table.levels[i - 1]);
+}
+
+Legend makelegend(const OpenPicture& picture, const SignalScale* signal)
+{
+    Legend legend{colours,
+                  static_cast<double>(picture.data.bri),
+                  QStringLiteral("Altitude (m)"),
+                  colours.stratified != 0 || signal != nullptr,
+                  {},
+                  0,
+                  0,
+                  0,
+                  0};
+    if (signal != nullptr)
+        legend.title = QString::fromStdString("Signal " + signal->unit);
     const QFontMetrics metrics(legendfont());
     int widest = 0;
     for (std::size_t i = 0; i < cells; ++i) {
-        legend.labels[i] =
-            i == 0 ? QStringLiteral("<") : QString::number(legend.table.levels[i - 1]);
+        legend.labels[i] = labeltext(legend.table, signal, i);
         widest = std::max(widest, metrics.horizontalAdvance(legend.labels[i]));
     }
     legend.rowheight = metrics.height();
@@ -67,7 +88,7 @@ QColor colourof(const Colours& table, std::size_t i)
 QColor swatchcolour(const Legend& legend, std::size_t i, int x)
 {
     const double t = static_cast<double>(x - 3) / std::max(1, legend.cellwidth - 3);
-    if (legend.table.stratified != 0)
+    if (legend.flat)
         return scaled(colourof(legend.table, i), std::sqrt(std::clamp(t, 0.4, 1.0)));
     const double factor = std::clamp(1.2 * legend.brightness / 100, 0.4, 1.0);
     const std::size_t next = i == 0 ? 0 : std::min<std::size_t>(i + 1, cells - 1);
@@ -92,7 +113,6 @@ void paintcell(const Legend& legend, QPainter& painter, std::size_t i)
 
 void paintlegend(const Legend& legend, QPainter& painter)
 {
-    const QString title = QStringLiteral("Altitude (m)");
     const int width = legend.cellwidth * cells;
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setFont(legendfont());
@@ -101,17 +121,18 @@ void paintlegend(const Legend& legend, QPainter& painter)
     painter.drawRect(legend.left, legend.top, width + 3, legend.rowheight * 3);
     painter.setBrush(Qt::NoBrush);
     const QFontMetrics metrics(painter.font());
-    painter.drawText(legend.left + (width - metrics.horizontalAdvance(title)) / 2,
-                     legend.top + metrics.ascent(), title);
+    painter.drawText(legend.left + (width - metrics.horizontalAdvance(legend.title)) / 2,
+                     legend.top + metrics.ascent(), legend.title);
     for (std::size_t i = 0; i < cells; ++i)
         paintcell(legend, painter, i);
 }
 
 } // namespace
 
-void drawlegend(OpenPicture& picture)
+void drawlegend(OpenPicture& picture, const SignalScale* signal)
 {
-    picture.surface.over.emplace_back(
-        [legend = makelegend(picture)](QPainter& painter) { paintlegend(legend, painter); });
+    picture.surface.over.emplace_back([legend = makelegend(picture, signal)](QPainter& painter) {
+        paintlegend(legend, painter);
+    });
     picturehooks.picturechanged(picture, {});
 }

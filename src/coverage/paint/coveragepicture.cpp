@@ -1,0 +1,167 @@
+#include "coverage/paint/coveragepicture.h"
+
+#include "app/base/hooks.h"
+#include "app/base/numbers.h"
+#include "app/base/operation.h"
+#include "coverage/choice.h"
+#include "engine/fastdraw.h"
+#include "pictures/colours.h"
+#include "pictures/georeference.h"
+#include "pictures/paint/drawmap.h"
+#include "pictures/paint/keepdrawing.h"
+#include "pictures/paint/overlay.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace
+{
+constexpr auto refreshinterval = std::chrono::milliseconds(33);
+
+/// Units as the legend's title names them.
+const char* unitname(LevelUnit unit)
+{
+    switch (unit) {
+    case LevelUnit::dbm:
+        return "(dBm)";
+    case LevelUnit::microvolt:
+        return "(µV)";
+    case LevelUnit::sunit:
+        break;
+    }
+    return "(S-Unit)";
+}
+
+CoverageColours paintcolours()
+{
+    CoverageColours paint;
+    std::transform(colours.colortable.begin(), colours.colortable.end(), paint.rainbow.begin(),
+                   pixelof);
+    paint.surface = pixelof(network.coverage.surfacecolour);
+    paint.curve = pixelof(network.coverage.curvecolour);
+    return paint;
+}
+
+/// Paints the sweep until its end or a stop; returns the sum of its rings.
+std::int64_t paintsweep(OpenPicture& picture, const RadioSweep& sweep)
+{
+    CoverageSheet sheet(picture);
+    const CoverageColours paint = paintcolours();
+    const PenMode mode = paintmode();
+    const std::int64_t rings = runsweep(
+        sweep,
+        [&](std::span<const SectorPaint> sectors) {
+            paintsectors(sheet.view(), sectors, paint, mode);
+        },
+        [&](int k) {
+            sheet.refresh();
+            return opstep(k) != 0;
+        });
+    picturehooks.picturechanged(picture, {});
+    return rings;
+}
+} // namespace
+
+CoverageSheet::CoverageSheet(OpenPicture& target)
+    : picture(&target), image(std::make_shared<QImage>(surfaceimage(target.surface).copy()))
+{
+    pixels.pixels = reinterpret_cast<std::uint32_t*>(image->bits());
+    pixels.stride = static_cast<int>(image->bytesPerLine() / 4);
+    pixels.width = image->width();
+    pixels.height = image->height();
+    picture->surface.over.emplace_back(
+        [painted = image](QPainter& painter) { painter.drawImage(QPoint(0, 0), *painted); });
+}
+
+void CoverageSheet::refresh()
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (now < next)
+        return;
+    next = now + refreshinterval;
+    picturehooks.picturechanged(*picture, {});
+}
+
+PenMode paintmode()
+{
+    return translate() > 0 ? PenMode::copy : PenMode::mask;
+}
+
+bool covpicture(OpenPicture& picture)
+{
+    if (picture.data.Mapmode == mapmode::moon)
+        return true;
+    if (hooks.askuser({"Redessiner l'image en paysage lunaire", Question::Buttons::yesno,
+                       Question::Icon::question}) != Answer::yes)
+        return true;
+    const MapRecord record = mapgrid.record;
+    const std::int16_t cities = mapgrid.cities;
+    mapgrid.record.Mapmode = mapmode::moon;
+    mapgrid.record.minx = picture.data.minx;
+    mapgrid.record.maxx = picture.data.maxx;
+    mapgrid.record.light = picture.data.light;
+    mapgrid.record.con = picture.data.con;
+    mapgrid.record.bri = picture.data.bri;
+    mapgrid.record.c1 = picture.data.c1;
+    mapgrid.record.c2 = picture.data.c2;
+    mapgrid.cities = picture.data.city != 0 ? -1 : 0;
+    drawmap(&picture, false);
+    const bool whole = opbusy != 0;
+    if (whole)
+        keep(picture.surface);
+    mapgrid.record = record;
+    mapgrid.cities = cities;
+    return whole;
+}
+
+bool sweepcentre(const OpenPicture& picture, int unit, SweepCentre& centre)
+{
+    const Unit& station = network.units[static_cast<std::size_t>(unit)];
+    float x = 0;
+    float y = 0;
+    if (!ll2pic(picture.data, station.lon, station.lat, x, y))
+        return false;
+    centre = {double{x}, double{y}};
+    return true;
+}
+
+double drawcoverage(OpenPicture& picture, const CoverageOrder& order)
+{
+    SweepCentre centre;
+    if (order.centre < 1 || order.centre > MAXUNIT || !sweepcentre(picture, order.centre, centre))
+        return 0;
+    const auto sweep = preparesweep(network, mapgrid, order, centre, interf);
+    if (!sweep)
+        return 0;
+    const std::int16_t mode = picture.data.Mapmode;
+    picturehooks.showpicture(picture);
+    erasenets();
+    double area_km2 = 0;
+    if (covpicture(picture)) {
+        beginop(Operation::coverage);
+        optotal = static_cast<float>(sweep->azimuths.size()) - 1;
+        area_km2 = coveredarea(*sweep, paintsweep(picture, *sweep));
+        if (opbusy != 0) {
+            if (coveragechoice.covrainbow && colours.showlegend != 0) {
+                const SignalScale scale{unitname(order.unit), rainbowlevel};
+                drawlegend(picture, &scale);
+            }
+            if (!keepdrawing(picture, "coverage "))
+                picture.data.Mapmode = mode;
+        }
+    }
+    endop();
+    return area_km2;
+}
+
+void coverage()
+{
+    if (currentpic == nullptr)
+        return;
+    const double area_km2 =
+        drawcoverage(*currentpic, coverageorder(network.coverage, coveragechoice));
+    if (area_km2 > 0)
+        hooks.setlabel1("La surface couverte est de  " + formatnumber("0", area_km2) +
+                        " km carrés");
+}

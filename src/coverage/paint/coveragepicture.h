@@ -1,0 +1,55 @@
+#pragma once
+
+#include "coverage/radiosweep.h"
+#include "coverage/sectorfill.h"
+#include "coverage/viewshed.h"
+#include "pictures/paint/openpictures.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+/// The sheet that a sweep paints: the kept picture with the sectors over it. It lies over the
+/// picture until the drawing there is erased or kept.
+class CoverageSheet
+{
+public:
+    explicit CoverageSheet(OpenPicture& target);
+
+    PixelSheet view() const { return pixels; }
+    /// Shows what was painted since, at most thirty times a second.
+    void refresh();
+
+private:
+    OpenPicture* picture;
+    std::shared_ptr<QImage> image;
+    PixelSheet pixels;
+    std::chrono::steady_clock::time_point next{};
+};
+
+/// How colours meet the map on today's displays.
+PenMode paintmode();
+
+/// Offers to draw a map picture anew as a plain relief when it is coloured, so that a coverage's
+/// colours stand out, and does so on Yes. Its own drawing values are used, and the map's come back.
+/// False when the user stopped the drawing.
+bool covpicture(OpenPicture& picture);
+
+/// Centre of a sweep: the pixel of a station. False when it isn't on the picture.
+bool sweepcentre(const OpenPicture& picture, int unit, SweepCentre& centre);
+
+/// Radio coverage by an order, painted over a picture that is the map's own rendering. Asks whether
+/// to keep it. A stop leaves what was painted.
+/// Returns the covered area in km²; 0 when nothing could be swept.
+double drawcoverage(OpenPicture& picture, const CoverageOrder& order);
+
+/// Radio coverage of the run's parameters over the current picture; the area goes to the status
+/// line.
+void coverage();
+
+/// Visual coverage by an order from a station, in a colour 0x00BBGGRR.
+void drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour);
+
+/// Visual coverage of the run's parameters over the current picture.
+///   radarfile  name of a radar file of the program's folder; empty: none
+void viscoverage(const std::string& radarfile);

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "network/tables.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <cstdint>
+
+/// A field for a number. It refuses nothing: a text out of bounds turns red, and the value is held
+/// within them.
+class NumberField : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    NumberField(const QString& name, double lo, double hi, QWidget* parent);
+
+    void setbounds(double lo, double hi);
+    /// Shows a number in general notation.
+    void setnumber(float number);
+    /// The text as a number held within the bounds.
+    double value() const;
+    /// The text as a number, as typed.
+    double typed() const;
+
+private:
+    void recolour();
+
+    double low;
+    double high;
+};
+
+/// A button that shows a colour 0x00BBGGRR.
+class ColourButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    ColourButton(const QString& name, QWidget* parent);
+
+    std::int32_t colour() const { return shown; }
+    void setcolour(std::int32_t colour);
+    /// Opens the standard colour dialog and takes the choice.
+    void choose();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::int32_t shown = 0;
+};
+
+/// Fills a list with the names of all stations and selects one.
+void fillstations(QComboBox& list, int selected);
+
+/// A titled box with a form in it.
+QGroupBox* formbox(const QString& title, QFormLayout*& form, QWidget* parent);

@@ -1,0 +1,400 @@
+#include "coverage/windows/frmCoverage.h"
+
+#include "app/base/numbers.h"
+#include "coverage/haat.h"
+#include "coverage/paint/coveragepicture.h"
+#include "coverage/windows/coveragefields.h"
+#include "pictures/georeference.h"
+#include "radio/profile.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+std::function<void()> editsignalcolours = [] {};
+
+namespace
+{
+constexpr std::int32_t yellow = 0x00FFFF;
+
+QWidget* radiorow(const QStringList& captions, QButtonGroup*& group, const QString& name,
+                  QWidget* parent)
+{
+    auto* row = new QWidget(parent);
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    group = new QButtonGroup(row);
+    for (int i = 0; i < captions.size(); ++i) {
+        auto* button = new QRadioButton(captions[i], row);
+        button->setObjectName(name + QString::number(i));
+        group->addButton(button, i);
+        line->addWidget(button);
+    }
+    line->addStretch();
+    return row;
+}
+
+QComboBox* namedlist(const QString& name, QWidget* parent)
+{
+    auto* list = new QComboBox(parent);
+    list->setObjectName(name);
+    return list;
+}
+
+QCheckBox* namedcheck(const QString& name, const QString& caption, QWidget* parent)
+{
+    auto* box = new QCheckBox(caption, parent);
+    box->setObjectName(name);
+    return box;
+}
+} // namespace
+
+frmCoverage::frmCoverage(QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("frmCoverage"));
+    setWindowTitle(QStringLiteral("Couverture radio"));
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(makestations(), 0, 0);
+    grid->addWidget(makesweep(), 0, 1);
+    grid->addWidget(makepattern(), 1, 0);
+    grid->addWidget(makelevels(), 1, 1);
+    grid->addWidget(makebuttons(), 2, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    fill();
+    connectfields();
+    connectlevels();
+}
+
+QWidget* frmCoverage::makestations()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Lien"), form, this);
+    centrelist = namedlist(QStringLiteral("centrelist"), box);
+    mobilelist = namedlist(QStringLiteral("mobilelist"), box);
+    netlist = namedlist(QStringLiteral("netlist"), box);
+    form->addRow(QStringLiteral("Station centrale"), centrelist);
+    form->addRow(QStringLiteral("Unité mobile"), mobilelist);
+    form->addRow(QStringLiteral("Réseau"), netlist);
+    form->addRow(new QLabel(QStringLiteral("Sens du lien"), box));
+    form->addRow(
+        radiorow({QStringLiteral("Centre Tx - Mobile Rx"), QStringLiteral("Centre Rx - Mobile Tx")},
+                 directions, QStringLiteral("direction"), box));
+    return box;
+}
+
+QWidget* frmCoverage::makesweep()
+{
+    auto* both = new QWidget(this);
+    auto* column = new QVBoxLayout(both);
+    column->setContentsMargins(0, 0, 0, 0);
+    QFormLayout* form = nullptr;
+    column->addWidget(formbox(QStringLiteral("Portée (km)"), form, both));
+    rmin = new NumberField(QStringLiteral("rmin"), 0.1, 1000, both);
+    rmax = new NumberField(QStringLiteral("rmax"), 1, 1000, both);
+    form->addRow(QStringLiteral("Minimum"), rmin);
+    form->addRow(QStringLiteral("Maximum"), rmax);
+    column->addWidget(formbox(QStringLiteral("Balayage d'azimuth (°)"), form, both));
+    azmin = new NumberField(QStringLiteral("azmin"), 0, 359.9, both);
+    azmax = new NumberField(QStringLiteral("azmax"), 0, 360, both);
+    step = new NumberField(QStringLiteral("step"), 0.1, 10, both);
+    form->addRow(QStringLiteral("Minimum"), azmin);
+    form->addRow(QStringLiteral("Maximum"), azmax);
+    form->addRow(QStringLiteral("Pas"), step);
+    return both;
+}
+
+QWidget* frmCoverage::makepattern()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Patron d'antenne"), form, this);
+    patternlist = namedlist(QStringLiteral("patternlist"), box);
+    antaz = new NumberField(QStringLiteral("antaz"), 0, 360, box);
+    uselink =
+        namedcheck(QStringLiteral("uselink"), QStringLiteral("Utiliser l'azimut du lien"), box);
+    form->addRow(QStringLiteral("Fichier"), patternlist);
+    form->addRow(QStringLiteral("Azimuth (°)"), antaz);
+    form->addRow(uselink);
+    return box;
+}
+
+QWidget* frmCoverage::makelevels()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Seuil"), form, this);
+    form->addRow(radiorow({QStringLiteral("S-unit"), QStringLiteral("dBm"), QStringLiteral("µV")},
+                          units, QStringLiteral("unit"), box));
+    low = new NumberField(QStringLiteral("low"), 1, 60, box);
+    high = new NumberField(QStringLiteral("high"), 1, 60, box);
+    form->addRow(QStringLiteral("De (Courbe)"), low);
+    form->addRow(QStringLiteral("À (Surface)"), high);
+    curve = namedcheck(QStringLiteral("curve"), QStringLiteral("Courbe"), box);
+    surface = namedcheck(QStringLiteral("surface"), QStringLiteral("Surface"), box);
+    rainbow = namedcheck(QStringLiteral("rainbow"), QStringLiteral("Arc-en-ciel"), box);
+    curvecolour = new ColourButton(QStringLiteral("curvecolour"), box);
+    surfacecolour = new ColourButton(QStringLiteral("surfacecolour"), box);
+    form->addRow(curve, curvecolour);
+    form->addRow(surface, surfacecolour);
+    form->addRow(rainbow);
+    return box;
+}
+
+QWidget* frmCoverage::makebuttons()
+{
+    auto* row = new QWidget(this);
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addStretch();
+    const auto add = [&](const char* name, const QString& caption, auto action) {
+        auto* button = new QPushButton(caption, row);
+        button->setObjectName(QString::fromLatin1(name));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, action);
+        line->addWidget(button);
+        return button;
+    };
+    add("haat", QStringLiteral("HAAT"), [this] { haatreport(centre(), chosennet()); });
+    add("apply", QStringLiteral("Appliquer"), [this] { apply(); })->setDefault(true);
+    add("cancel", QStringLiteral("Annuler"), [this] { reject(); });
+    return row;
+}
+
+void frmCoverage::fill()
+{
+    readcoveragesettings(coveragechoice);
+    const CoverageParams params = heldparams(network.coverage);
+    fillstations(*centrelist, coveragechoice.covcenter);
+    fillstations(*mobilelist, coveragechoice.covmobile);
+    directions->button(coveragechoice.covdir)->setChecked(true);
+    rmin->setnumber(params.rangemin);
+    rmax->setnumber(params.rangemax);
+    azmin->setnumber(params.azmin);
+    azmax->setnumber(params.azmax);
+    step->setnumber(params.azstep);
+    antaz->setnumber(params.antazimuth);
+    uselink->setChecked(coveragechoice.covuselink == 1);
+    fillpatterns();
+    unit = levelunit(params.unit);
+    levels = changeunit(unit, unit, coveragechoice.levels);
+    units->button(static_cast<int>(unit))->setChecked(true);
+    curve->setChecked(params.drawcurve != 0);
+    surface->setChecked(params.drawsurface != 0);
+    rainbow->setChecked(params.surfacecolour == 0);
+    curvecolour->setcolour(params.curvecolour);
+    surfacecolour->setcolour(params.surfacecolour);
+    fillnets();
+    showlevels();
+    showlinkazimuth();
+    enablefields();
+}
+
+void frmCoverage::connectfields()
+{
+    for (QComboBox* list : {centrelist, mobilelist})
+        connect(list, &QComboBox::currentIndexChanged, this, [this] {
+            fillnets();
+            showlinkazimuth();
+        });
+    connect(uselink, &QCheckBox::toggled, this, [this] {
+        showlinkazimuth();
+        enablefields();
+    });
+    for (NumberField* field : {rmin, rmax, azmin, azmax, step, antaz})
+        connect(field, &QLineEdit::editingFinished, this, &frmCoverage::leavesweep);
+}
+
+void frmCoverage::connectlevels()
+{
+    connect(units, &QButtonGroup::idClicked, this, &frmCoverage::changeunits);
+    connect(low, &QLineEdit::editingFinished, this, [this] { leavelevels(true); });
+    connect(high, &QLineEdit::editingFinished, this, [this] { leavelevels(false); });
+    connect(curve, &QCheckBox::toggled, this, &frmCoverage::enablefields);
+    connect(surface, &QCheckBox::toggled, this, &frmCoverage::enablefields);
+    connect(rainbow, &QCheckBox::toggled, this, &frmCoverage::chooserainbow);
+    connect(curvecolour, &QPushButton::clicked, curvecolour, &ColourButton::choose);
+    connect(surfacecolour, &QPushButton::clicked, this, &frmCoverage::choosesurfacecolour);
+}
+
+int frmCoverage::centre() const
+{
+    return centrelist->currentIndex() + 1;
+}
+
+int frmCoverage::mobile() const
+{
+    return mobilelist->currentIndex() + 1;
+}
+
+int frmCoverage::chosennet() const
+{
+    return netlist->currentData().toInt();
+}
+
+LevelUnit frmCoverage::chosenunit() const
+{
+    return levelunit(static_cast<std::int16_t>(units->checkedId()));
+}
+
+void frmCoverage::fillnets()
+{
+    netlist->clear();
+    for (const int n : commonnets(network, centre(), mobile()))
+        netlist->addItem(
+            QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()), n);
+    if (netlist->count() == 0)
+        netlist->addItem(QStringLiteral("Pas de réseau en commun"), 0);
+    netlist->setCurrentIndex(std::max(0, netlist->findData(coveragechoice.covnet)));
+}
+
+void frmCoverage::fillpatterns()
+{
+    for (const std::string& name : patternfiles())
+        patternlist->addItem(QString::fromStdString(name));
+    if (coveragechoice.covindex >= 0 && coveragechoice.covindex < patternlist->count())
+        patternlist->setCurrentIndex(coveragechoice.covindex);
+    const int stored =
+        patternlist->findText(QString::fromStdString(network.coverage.antfile.text()));
+    if (stored >= 0)
+        patternlist->setCurrentIndex(stored);
+}
+
+void frmCoverage::showlinkazimuth()
+{
+    SweepCentre from;
+    SweepCentre to;
+    if (!uselink->isChecked() || currentpic == nullptr ||
+        !sweepcentre(*currentpic, centre(), from) || !sweepcentre(*currentpic, mobile(), to))
+        return;
+    // Rows count downward, northward counts upward.
+    const double radians = azimuth(from.y0 - to.y0, to.x0 - from.x0);
+    antaz->setText(QString::fromStdString(formatnumber("0.0", radians / degree)));
+}
+
+void frmCoverage::showlevels()
+{
+    const auto bounds = levelbounds(unit);
+    const bool volts = unit == LevelUnit::microvolt;
+    for (NumberField* field : {low, high})
+        field->setbounds(volts ? dbm2microvolts(double{bounds.low}) : double{bounds.low},
+                         volts ? dbm2microvolts(double{bounds.high}) : double{bounds.high});
+    low->setText(QString::fromStdString(leveltext(unit, levels.low)));
+    high->setText(QString::fromStdString(leveltext(unit, levels.high)));
+}
+
+void frmCoverage::enablefields()
+{
+    low->setEnabled(curve->isChecked() || surface->isChecked());
+    high->setEnabled(surface->isChecked());
+    rainbow->setEnabled(surface->isChecked());
+    curvecolour->setEnabled(curve->isChecked());
+    surfacecolour->setEnabled(surface->isChecked());
+    antaz->setEnabled(!uselink->isChecked());
+}
+
+void frmCoverage::changeunits(int id)
+{
+    const LevelUnit next = levelunit(static_cast<std::int16_t>(id));
+    levels = changeunit(unit, next, levels);
+    unit = next;
+    showlevels();
+}
+
+void frmCoverage::leavelevels(bool first)
+{
+    const auto [least, most] = levelbounds(unit);
+    if (first)
+        levels.low =
+            heldlower(double{typedlevel(unit, low->typed())}, double{least}, double{levels.high});
+    else
+        levels.high =
+            heldupper(double{typedlevel(unit, high->typed())}, double{levels.low}, double{most});
+    showlevels();
+}
+
+void frmCoverage::leavesweep()
+{
+    const auto* field = sender();
+    if (field == rmin)
+        rmin->setnumber(heldlower(rmin->typed(), 0.1, rmax->value()));
+    else if (field == rmax)
+        rmax->setnumber(heldupper(rmax->typed(), rmin->value(), 1000));
+    else if (field == azmin)
+        azmin->setnumber(heldlower(azmin->typed(), 0, azmax->value()));
+    else if (field == azmax)
+        azmax->setnumber(heldupper(azmax->typed(), azmin->value(), 360));
+    else if (field == step)
+        step->setnumber(static_cast<float>(step->value()));
+    else
+        antaz->setnumber(static_cast<float>(antaz->value()));
+}
+
+void frmCoverage::chooserainbow(bool on)
+{
+    surfacecolour->setcolour(on ? 0 : yellow);
+}
+
+void frmCoverage::choosesurfacecolour()
+{
+    if (!rainbow->isChecked()) {
+        surfacecolour->choose();
+        return;
+    }
+    rainbowlevel = signallevels(unit, levels);
+    editsignalcolours();
+}
+
+void frmCoverage::apply()
+{
+    if (chosennet() == 0 || centre() == mobile() || (!curve->isChecked() && !surface->isChecked()))
+        return;
+    store();
+    applying = true;
+    accept();
+}
+
+void frmCoverage::store()
+{
+    coveragechoice.covcenter = static_cast<std::int16_t>(centre());
+    coveragechoice.covmobile = static_cast<std::int16_t>(mobile());
+    coveragechoice.covnet = static_cast<std::int16_t>(chosennet());
+    coveragechoice.covrainbow = rainbow->isChecked();
+    CoverageParams& params = network.coverage;
+    params.rangemin = static_cast<float>(rmin->value());
+    params.rangemax = static_cast<float>(rmax->value());
+    params.azmin = static_cast<float>(azmin->value());
+    params.azmax = static_cast<float>(azmax->value());
+    params.azstep = static_cast<float>(step->value());
+    params.antazimuth = static_cast<float>(antaz->value());
+    params.antfile.assign(patternlist->currentText().toStdString());
+    params.unit = static_cast<std::int16_t>(unit);
+    params.drawcurve = curve->isChecked() ? -1 : 0;
+    params.drawsurface = surface->isChecked() ? -1 : 0;
+    params.curvecolour = curvecolour->colour();
+    params.surfacecolour = rainbow->isChecked() ? 0 : surfacecolour->colour();
+    params = heldparams(params);
+    coveragechoice.levels = levels;
+    rainbowlevel = signallevels(unit, levels);
+}
+
+void frmCoverage::done(int result)
+{
+    CoverageChoice kept = coveragechoice;
+    kept.covdir = static_cast<std::uint8_t>(directions->checkedId());
+    kept.covuselink = uselink->isChecked() ? 1 : 0;
+    kept.covindex = static_cast<std::int16_t>(patternlist->currentIndex());
+    kept.levels = levels;
+    savecoveragesettings(kept);
+    if (applying)
+        coveragechoice = kept;
+    QDialog::done(result);
+}
+
+void showcoverage(QWidget* parent)
+{
+    frmCoverage dialog(parent);
+    dialog.exec();
+    if (dialog.applied())
+        coverage();
+}

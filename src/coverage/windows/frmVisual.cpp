@@ -1,0 +1,198 @@
+#include "coverage/windows/frmVisual.h"
+
+#include "coverage/choice.h"
+#include "coverage/paint/coveragepicture.h"
+#include "coverage/windows/coveragefields.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+namespace
+{
+/// Colours of the three buttons, 0x00BBGGRR.
+constexpr std::int32_t yellow = 0x00FFFF;
+constexpr std::int32_t cyan = 0xFFFF00;
+constexpr std::int32_t magenta = 0xFF00FF;
+} // namespace
+
+frmVisual::frmVisual(QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("frmVisual"));
+    setWindowTitle(QStringLiteral("Couverture visuelle"));
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(makeobserver(), 0, 0);
+    grid->addWidget(maketarget(), 1, 0);
+    grid->addWidget(makesweep(), 0, 1);
+    grid->addWidget(makerange(), 1, 1);
+    grid->addWidget(makeradar(), 2, 0, 1, 2);
+    grid->addWidget(makebuttons(), 3, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    fill();
+    connect(follow, &QRadioButton::toggled, this, &frmVisual::showmode);
+    connect(radaron, &QCheckBox::toggled, radarlist, &QWidget::setEnabled);
+}
+
+QWidget* frmVisual::makeobserver()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Observer depuis"), form, this);
+    unitlist = new QComboBox(box);
+    unitlist->setObjectName(QStringLiteral("unitlist"));
+    sensorh = new NumberField(QStringLiteral("sensorh"), 0.1, 9999, box);
+    form->addRow(unitlist);
+    form->addRow(QStringLiteral("Hauteur du senseur(m)\npar rapport au sol"), sensorh);
+    return box;
+}
+
+QWidget* frmVisual::maketarget()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Target mode"), form, this);
+    follow = new QRadioButton(QStringLiteral("Rase motte"), box);
+    follow->setObjectName(QStringLiteral("follow"));
+    fixed = new QRadioButton(QStringLiteral("Altitude fixe"), box);
+    fixed->setObjectName(QStringLiteral("fixed"));
+    targetcaption = new QLabel(box);
+    targetcaption->setObjectName(QStringLiteral("targetcaption"));
+    targeth = new NumberField(QStringLiteral("targeth"), 0.1, 9999, box);
+    form->addRow(follow);
+    form->addRow(fixed);
+    form->addRow(targetcaption, targeth);
+    return box;
+}
+
+QWidget* frmVisual::makesweep()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Balayage d'azimuth"), form, this);
+    azmin = new NumberField(QStringLiteral("azmin"), 0, 359.9, box);
+    azmax = new NumberField(QStringLiteral("azmax"), 0, 360, box);
+    step = new NumberField(QStringLiteral("step"), 0.1, 10, box);
+    form->addRow(QStringLiteral("Minimum (°)"), azmin);
+    form->addRow(QStringLiteral("Maximum (°)"), azmax);
+    form->addRow(QStringLiteral("Pas (°)"), step);
+    return box;
+}
+
+QWidget* frmVisual::makerange()
+{
+    QFormLayout* form = nullptr;
+    QGroupBox* box = formbox(QStringLiteral("Portée"), form, this);
+    rmin = new NumberField(QStringLiteral("rmin"), 0.1, 1000, box);
+    rmax = new NumberField(QStringLiteral("rmax"), 1, 1000, box);
+    form->addRow(QStringLiteral("Min. (km)"), rmin);
+    form->addRow(QStringLiteral("Max. (km)"), rmax);
+    return box;
+}
+
+QWidget* frmVisual::makeradar()
+{
+    auto* row = new QWidget(this);
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    radaron = new QCheckBox(QStringLiteral("Fichier radar "), row);
+    radaron->setObjectName(QStringLiteral("radaron"));
+    radarlist = new QComboBox(row);
+    radarlist->setObjectName(QStringLiteral("radarlist"));
+    line->addWidget(radaron);
+    line->addWidget(radarlist, 1);
+    return row;
+}
+
+QWidget* frmVisual::makebuttons()
+{
+    auto* row = new QWidget(this);
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](const char* name, const QString& caption, auto action) {
+        auto* button = new QPushButton(caption, row);
+        button->setObjectName(QString::fromLatin1(name));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, action);
+        line->addWidget(button);
+        return button;
+    };
+    add("yellow", QStringLiteral("Jaune"), [this] { paintin(yellow); });
+    add("cyan", QStringLiteral("Cyan"), [this] { paintin(cyan); });
+    add("magenta", QStringLiteral("Magenta"), [this] { paintin(magenta); });
+    line->addStretch();
+    radarbutton = add("radar3d", QStringLiteral("Radar 3D"), [this] {
+        store();
+        chosen = Run::radar3d;
+        accept();
+    });
+    return row;
+}
+
+void frmVisual::fill()
+{
+    const CoverageParams params = heldparams(network.coverage);
+    fillstations(*unitlist, selection.curunit);
+    sensorh->setnumber(params.sensorheight);
+    targeth->setnumber(params.targetheight);
+    (selection.visualmode != 0 ? follow : fixed)->setChecked(true);
+    azmin->setnumber(params.azmin);
+    azmax->setnumber(params.azmax);
+    step->setnumber(params.azstep);
+    rmin->setnumber(params.rangemin);
+    rmax->setnumber(params.rangemax);
+    for (const std::string& name : programfiles(".rad"))
+        radarlist->addItem(QString::fromStdString(name));
+    const bool any = radarlist->count() > 0;
+    const int stored = radarlist->findText(QString::fromStdString(params.antfile.text()));
+    radarlist->setCurrentIndex(std::max(stored, any ? 0 : -1));
+    radaron->setEnabled(any);
+    radaron->setChecked(any && coveragechoice.radaron);
+    radarlist->setEnabled(radaron->isChecked());
+    radarbutton->setEnabled(any);
+    showmode();
+}
+
+void frmVisual::showmode()
+{
+    targetcaption->setText(follow->isChecked()
+                               ? QStringLiteral("Hauteur de la cible(m)\npar rapport au sol")
+                               : QStringLiteral("Altitude de la cible(m)\nau dessus de la mer"));
+}
+
+void frmVisual::store()
+{
+    selection.curunit = static_cast<std::int16_t>(unitlist->currentIndex() + 1);
+    selection.visualmode = follow->isChecked() ? -1 : 0;
+    coveragechoice.radaron = radaron->isChecked();
+    CoverageParams& params = network.coverage;
+    params.sensorheight = static_cast<float>(sensorh->value());
+    params.targetheight = static_cast<float>(targeth->value());
+    params.azmin = static_cast<float>(azmin->value());
+    params.azmax = static_cast<float>(azmax->value());
+    params.azstep = static_cast<float>(step->value());
+    params.rangemin = static_cast<float>(rmin->value());
+    params.rangemax = static_cast<float>(rmax->value());
+    if (radarlist->count() > 0)
+        params.antfile.assign(radarlist->currentText().toStdString());
+    params = heldparams(params);
+}
+
+void frmVisual::paintin(std::int32_t colour)
+{
+    store();
+    network.coverage.visualcolour = colour;
+    chosen = Run::paint;
+    accept();
+}
+
+std::string frmVisual::radarfile() const
+{
+    return radaron->isChecked() ? radarlist->currentText().toStdString() : std::string();
+}
+
+void showvisual(QWidget* parent)
+{
+    frmVisual dialog(parent);
+    dialog.exec();
+    if (dialog.run() == frmVisual::Run::paint)
+        viscoverage(dialog.radarfile());
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDialog>
+
+#include <cstdint>
+#include <string>
+
+class NumberField;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+/// "Couverture visuelle": sets up the visual coverage. A press of a colour reads the fields, closes
+/// the dialog, and has the coverage painted in that colour.
+class frmVisual : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit frmVisual(QWidget* parent = nullptr);
+
+    /// What was pressed.
+    enum class Run { none, paint, radar3d };
+    Run run() const { return chosen; }
+    /// The radar file to use; empty: none.
+    std::string radarfile() const;
+
+private:
+    QWidget* makeobserver();
+    QWidget* maketarget();
+    QWidget* makesweep();
+    QWidget* makerange();
+    QWidget* makeradar();
+    QWidget* makebuttons();
+    void fill();
+    void showmode();
+    void store();
+    void paintin(std::int32_t colour);
+
+    QComboBox *unitlist, *radarlist;
+    NumberField *sensorh, *targeth, *azmin, *azmax, *step, *rmin, *rmax;
+    QRadioButton *follow, *fixed;
+    QLabel* targetcaption;
+    QCheckBox* radaron;
+    QPushButton* radarbutton;
+    Run chosen = Run::none;
+};
+
+/// Opens the dialog and runs the coverage that it sets up.
+void showvisual(QWidget* parent);
