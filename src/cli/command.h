@@ -40,3 +40,11 @@ std::function<void()> setupbuild(CLI::App& parser);
 
 // import.cpp
 std::function<void()> setupimport(CLI::App& parser);
+
+// coverages.cpp
+std::function<void()> setupcoverage(CLI::App& parser);
+std::function<void()> setupviewshed(CLI::App& parser);
+
+// reporting.cpp
+std::function<void()> setupreport(CLI::App& parser);
+std::function<void()> setuphaat(CLI::App& parser);

@@ -18,6 +18,10 @@ std::span<const Command> commands()
         {"import", "Turn rasters of elevations into DTED cells", setupimport},
         {"render", "Draw a map into a picture", setuprender},
         {"draw", "Draw a network over its map into a picture", setupdraw},
+        {"coverage", "Paint where a mobile can work with a station", setupcoverage},
+        {"viewshed", "Paint what can be seen from a station", setupviewshed},
+        {"report", "Write the report on all nets", setupreport},
+        {"haat", "Write the report on an antenna's height above average terrain", setuphaat},
     });
     return table;
 }

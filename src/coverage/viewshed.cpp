@@ -112,9 +112,18 @@ void viewradial(const ViewSweep& sweep, int k, std::vector<int>& seen)
     }
 }
 
-void runview(const ViewSweep& sweep, const std::function<void(std::span<const SectorQuad>)>& paint,
-             const std::function<bool(int k)>& step)
+double seenarea(const ViewSweep& sweep, std::int64_t rings)
 {
+    const double step_km = sweep.step_m / 1000;
+    return double{sweep.order.bounds.step} * static_cast<double>(rings) * degree * step_km *
+           step_km;
+}
+
+std::int64_t runview(const ViewSweep& sweep,
+                     const std::function<void(std::span<const SectorQuad>)>& paint,
+                     const std::function<bool(int k)>& step)
+{
+    std::int64_t rings = 0;
     std::vector<std::vector<int>> radials(chunk);
     std::vector<SectorQuad> quads;
     const double half_deg = double{sweep.order.bounds.step} / 2;
@@ -128,9 +137,12 @@ void runview(const ViewSweep& sweep, const std::function<void(std::span<const Se
             const SectorSides sides =
                 sectorsides(sweep.azimuths[static_cast<std::size_t>(k)], half_deg, 1);
             quads.clear();
-            for (const int c : seenof(k))
+            for (const int c : seenof(k)) {
                 quads.push_back(sectorquad(sides, sweep.centre, c));
+                rings += c;
+            }
             paint(quads);
             return k % 10 != 0 || step(k);
         });
+    return rings;
 }

@@ -40,5 +40,10 @@ void viewradial(const ViewSweep& sweep, int k, std::vector<int>& seen);
 /// The whole sweep.
 ///   paint  takes the sectors of a radial to paint
 ///   step   called behind every tenth radial with its number; false stops the sweep at once
-void runview(const ViewSweep& sweep, const std::function<void(std::span<const SectorQuad>)>& paint,
-             const std::function<bool(int k)>& step);
+/// Returns the sum of the seen samples' indices.
+std::int64_t runview(const ViewSweep& sweep,
+                     const std::function<void(std::span<const SectorQuad>)>& paint,
+                     const std::function<bool(int k)>& step);
+
+/// Seen area in km² as the polar sum of ring sectors.
+double seenarea(const ViewSweep& sweep, std::int64_t rings);

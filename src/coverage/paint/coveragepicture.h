@@ -47,8 +47,9 @@ double drawcoverage(OpenPicture& picture, const CoverageOrder& order);
 /// line.
 void coverage();
 
-/// Visual coverage by an order from a station, in a colour 0x00BBGGRR.
-void drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour);
+/// Visual coverage by an order from a station, in a colour 0x00BBGGRR. Returns the seen area in
+/// km²; 0 when nothing could be swept.
+double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour);
 
 /// Visual coverage of the run's parameters over the current picture.
 ///   radarfile  name of a radar file of the program's folder; empty: none

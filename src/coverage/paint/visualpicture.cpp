@@ -5,12 +5,12 @@
 #include "pictures/paint/keepdrawing.h"
 #include "pictures/paint/overlay.h"
 
-static void paintview(OpenPicture& picture, const ViewSweep& sweep, std::int32_t colour)
+static std::int64_t paintview(OpenPicture& picture, const ViewSweep& sweep, std::int32_t colour)
 {
     CoverageSheet sheet(picture);
     const PenMode mode = paintmode();
     const std::uint32_t pixel = pixelof(colour);
-    runview(
+    const std::int64_t rings = runview(
         sweep,
         [&](std::span<const SectorQuad> quads) {
             for (const SectorQuad& quad : quads)
@@ -21,27 +21,30 @@ static void paintview(OpenPicture& picture, const ViewSweep& sweep, std::int32_t
             return opstep(k) != 0;
         });
     picturehooks.picturechanged(picture, {});
+    return rings;
 }
 
-void drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour)
+double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour)
 {
     SweepCentre centre;
     if (unit < 1 || unit > MAXUNIT || !sweepcentre(picture, unit, centre))
-        return;
+        return 0;
     const float ground_m = network.units[static_cast<std::size_t>(unit)].elevation;
     const auto sweep = prepareview(mapgrid, order, centre, ground_m);
     if (!sweep)
-        return;
+        return 0;
     picturehooks.showpicture(picture);
     erasenets();
+    double area_km2 = 0;
     if (covpicture(picture)) {
         beginop(Operation::coverage);
         optotal = static_cast<float>(sweep->azimuths.size()) - 1;
-        paintview(picture, *sweep, colour);
+        area_km2 = seenarea(*sweep, paintview(picture, *sweep, colour));
         if (opbusy != 0)
             keepdrawing(picture, "la couverture ");
     }
     endop();
+    return area_km2;
 }
 
 void viscoverage(const std::string& radarfile)
