@@ -1,4 +1,4 @@
-#include "slowcoverage.h"
+#include "coverage/slowcoverage.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 #include "app/base/hooks.h"
 #include "app/base/paths.h"
 #include "coverage/haat.h"
+#include "coverage/scene.h"
 #include "radio/link.h"
-#include "scene.h"
 #include "support/tempfolder.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "app/base/parallel.h"
 #include "coverage/radiosweep.h"
-#include "scene.h"
-#include "slowcoverage.h"
+#include "coverage/scene.h"
+#include "coverage/slowcoverage.h"
 
 #include <gtest/gtest.h>
 #include <random>

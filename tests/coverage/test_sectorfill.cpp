@@ -1,5 +1,5 @@
+#include "coverage/scene.h"
 #include "coverage/sectorfill.h"
-#include "scene.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
+#include "coverage/scene.h"
 #include "coverage/sweep.h"
-#include "scene.h"
 
 #include <gtest/gtest.h>
 #include <random>

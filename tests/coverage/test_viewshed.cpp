@@ -1,6 +1,6 @@
+#include "coverage/scene.h"
+#include "coverage/slowcoverage.h"
 #include "coverage/viewshed.h"
-#include "scene.h"
-#include "slowcoverage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -24,6 +24,8 @@ void newpicture();
 void pictureproperties();
 void openpicture();
 void savepicture();
+/// Asks for a name and writes the active picture for other map programs: GeoTIFF or KML.
+void exportpicture();
 /// Opens recent entry `index` (0 to 3), after `CleanNet`; nothing for one that is empty or open.
 void loadprevious(int index);
 void normalmode();
@@ -36,6 +38,11 @@ void mapproperties();
 void elevationgrid();
 /// Lets the map's windows reach the cursor and the pictures.
 void connectmapwindows();
+
+/// The coverages, painted on the active picture, and the report on link quality.
+void radiocoverage();
+void visualcoverage();
+void performancereport();
 
 void showhidetoolbar();
 void showhidestatusbar();

@@ -1,3 +1,4 @@
+#include "app/base/numbers.h"
 #include "app/base/operation.h"
 #include "app/base/paths.h"
 #include "app/base/session.h"
@@ -8,6 +9,7 @@
 #include "network/netfile.h"
 #include "network/tables.h"
 #include "pictures/paint/drawmap.h"
+#include "pictures/paint/export.h"
 #include "pictures/paint/overlay.h"
 #include "pictures/windows/frmPicPro.h"
 #include "radio/link.h"
@@ -146,6 +148,26 @@ bool savepictureas()
 void savepicture()
 {
     savepictureas();
+}
+
+void exportpicture()
+{
+    const OpenPicture* picture = mainwindow->activepicture();
+    if (!picture)
+        return;
+    const std::string path = askfilename({.title = "Exporter l'image",
+                                          .filter = "Image géoréférencée (GeoTIFF, KML)",
+                                          .patterns = "*.tif *.kml",
+                                          .saving = true,
+                                          .extension = "tif"});
+    if (path.empty())
+        return;
+    const QImage image = surfaceimage(picture->surface);
+    const bool written = lowercase(path).ends_with(".kml")
+                             ? writekml(path, image, picture->data)
+                             : writegeotiff(path, image, picture->data);
+    if (!written)
+        telluser(path + " impossible à enregistrer");
 }
 
 void loadprevious(int index)

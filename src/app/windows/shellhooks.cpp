@@ -9,8 +9,10 @@
 #include "pictures/windows/frmPic.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QScreen>
 #include <QThread>
+#include <QUrl>
 
 static void busypointer(bool busy)
 {
@@ -63,4 +65,7 @@ void fillhooks()
     });
     connectmapwindows();
     hooks.netsloaded = shownetwork;
+    hooks.viewtext = [](const std::string& path) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+    };
 }

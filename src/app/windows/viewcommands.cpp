@@ -5,9 +5,36 @@
 #include "app/windows/frmMain.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
+#include "coverage/windows/frmCoverage.h"
+#include "coverage/windows/frmVisual.h"
 #include "pictures/windows/frmPic.h"
+#include "reports/windows/frmReport.h"
 
 #include <QMdiArea>
+
+/// The active picture is the one that coverages are painted on.
+static void takeactivepicture()
+{
+    if (OpenPicture* active = mainwindow->activepicture())
+        currentpic = active;
+}
+
+void radiocoverage()
+{
+    takeactivepicture();
+    showcoverage(mainwindow);
+}
+
+void visualcoverage()
+{
+    takeactivepicture();
+    showvisual(mainwindow);
+}
+
+void performancereport()
+{
+    showreport(mainwindow);
+}
 
 void showhidetoolbar()
 {

@@ -49,6 +49,7 @@ TEST_F(Menus, HaveTheseCaptionsInThisOrder)
                            "  Nouvelle image",
                            "  Ouvrir une image",
                            "  Enregistrer l'image sous...",
+                           "  Exporter l'image...",
                            "  Propriétés de l'image",
                            "  Mode de propagation",
                            "    Normal",
