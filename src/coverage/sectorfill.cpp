@@ -5,11 +5,12 @@
 
 namespace
 {
-/// A side of the polygon from its upper end, on rows y0 up to but without y1.
+/// A side of the polygon from its upper end, on heights y0 up to but without y1; in parts of a
+/// pixel.
 struct Side {
     std::int32_t y0, y1;
     std::int32_t x0;
-    std::int64_t dx; ///< along the whole side; `y1 - y0` rows
+    std::int64_t dx; ///< along the whole side
     int turn;        ///< +1 downward in the order of the corners, -1 upward
 };
 
@@ -50,11 +51,13 @@ int crossrow(const std::array<Side, 4>& sides, int sidecount, std::int32_t y,
     int count = 0;
     for (int i = 0; i < sidecount; ++i) {
         const Side& side = sides[static_cast<std::size_t>(i)];
-        if (y < side.y0 || y >= side.y1)
+        const std::int64_t height = std::int64_t{y} * finescale;
+        if (height < side.y0 || height >= side.y1)
             continue;
-        const std::int64_t run =
-            y == side.y0 ? 0 : ceildivide((y - side.y0) * side.dx, side.y1 - side.y0);
-        const Crossing crossing{static_cast<std::int32_t>(side.x0 + run), side.turn};
+        const std::int64_t rows = side.y1 - side.y0;
+        const std::int64_t along = (height - side.y0) * side.dx + side.x0 * rows;
+        const Crossing crossing{static_cast<std::int32_t>(ceildivide(along, rows * finescale)),
+                                side.turn};
         int at = count++;
         for (; at > 0 && crossings[static_cast<std::size_t>(at) - 1].column > crossing.column; --at)
             crossings[static_cast<std::size_t>(at)] = crossings[static_cast<std::size_t>(at) - 1];
@@ -77,8 +80,11 @@ void fillrun(std::uint32_t* row, std::int32_t first, std::int32_t end, std::uint
 void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode)
 {
     const auto [top, bottom] = std::minmax({quad[0].y, quad[1].y, quad[2].y, quad[3].y});
-    const std::int32_t firstrow = std::max(top, 0);
-    const std::int32_t endrow = std::min(bottom, sheet.height);
+    const auto rowfrom = [](std::int32_t height) {
+        return static_cast<std::int32_t>(ceildivide(height, finescale));
+    };
+    const std::int32_t firstrow = std::max(rowfrom(top), 0);
+    const std::int32_t endrow = std::min(rowfrom(bottom), sheet.height);
     if (firstrow >= endrow)
         return;
     std::array<Side, 4> sides;
@@ -129,7 +135,8 @@ void paintsectors(const PixelSheet& sheet, std::span<const SectorPaint> sectors,
         const SectorQuad& quad = sector.quad;
         if (sector.fill != sectorfill::none) {
             const bool plain = sector.fill == sectorfill::plain;
-            fillquad(sheet, quad, plain ? colours.surface : colours.rainbow[sector.fill], mode);
+            fillquad(sheet, sector.fine, plain ? colours.surface : colours.rainbow[sector.fill],
+                     mode);
         }
         if (sector.across)
             drawline(sheet, quad[0], quad[3], colours.curve);

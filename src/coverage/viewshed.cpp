@@ -138,7 +138,7 @@ std::int64_t runview(const ViewSweep& sweep,
                 sectorsides(sweep.azimuths[static_cast<std::size_t>(k)], half_deg, 1);
             quads.clear();
             for (const int c : seenof(k)) {
-                quads.push_back(sectorquad(sides, sweep.centre, c));
+                quads.push_back(sectorquad(sides, sweep.centre, c, finescale));
                 rings += c;
             }
             paint(quads);

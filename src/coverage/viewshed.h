@@ -38,7 +38,7 @@ std::optional<ViewSweep> prepareview(const MapGrid& map, const ViewOrder& order,
 void viewradial(const ViewSweep& sweep, int k, std::vector<int>& seen);
 
 /// The whole sweep.
-///   paint  takes the sectors of a radial to paint
+///   paint  takes the sectors of a radial to fill, corners in parts of a pixel
 ///   step   called behind every tenth radial with its number; false stops the sweep at once
 /// Returns the sum of the seen samples' indices.
 std::int64_t runview(const ViewSweep& sweep,

@@ -12,7 +12,8 @@ struct SlowSector {
     int k = 0;
     int c = 0;
     SectorQuad quad;
-    int fill = 255; ///< 0 to 11, 12 plain, 255 none
+    SectorQuad fine; ///< in parts of a pixel
+    int fill = 255;  ///< 0 to 11, 12 plain, 255 none
     bool across = false;
     bool along = false;
 };
