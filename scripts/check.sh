@@ -15,8 +15,15 @@ if git grep -nE '#include "\.\./' -- '*.cpp' '*.h'; then
     echo "Include by room: \"room/file.h\"." >&2
     exit 1
 fi
-if git grep -nE '#include <Q' -- 'src/*.cpp' 'src/*.h' ':!src/*/paint/*' ':!src/*/windows/*' ':!src/cli/*' ':!src/app/*.cpp'; then
+if git grep -nE '#include <Q' -- 'src/*.cpp' 'src/*.h' \
+    ':!src/*/paint/*' ':!src/*/windows/*' ':!src/cli/*' ':!src/app/*.cpp'; then
     echo "The logic floor has no Qt." >&2
+    exit 1
+fi
+
+if git grep -nE '#include "[a-z/]+/(paint|windows)/' -- 'src/*.cpp' 'src/*.h' ':!src/*/paint/*' \
+    ':!src/*/windows/*' ':!src/cli/*' ':!src/app/*.cpp'; then
+    echo "Logic includes neither paint nor windows." >&2
     exit 1
 fi
 
