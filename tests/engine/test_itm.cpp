@@ -436,6 +436,7 @@ TEST(Itm, MayBeCalledFromSeveralThreads)
     itmradial(z, 60, in, 0, alone);
     std::vector<std::vector<double>> losses(4, std::vector<double>(z.size()));
     std::vector<std::thread> threads;
+    threads.reserve(losses.size());
     for (auto& mine : losses)
         threads.emplace_back([&] { itmradial(z, 60, in, 0, mine); });
     for (auto& thread : threads)

@@ -136,9 +136,10 @@ TEST(LineFit, FromRunningSumsIsTheSame)
 {
     const int n = 1500;
     const auto z = rough(n, 9);
-    std::vector<double> room(4 * (n + 2));
-    double* at = room.data();
-    const RunningSums sums{at, at + n + 2, at + 2 * (n + 2), at + 3 * (n + 2)};
+    std::vector<double> rows[4];
+    for (auto& row : rows)
+        row.resize(static_cast<std::size_t>(n) + 2);
+    const RunningSums sums{rows[0].data(), rows[1].data(), rows[2].data(), rows[3].data()};
     makesums(z.data(), n, sums);
     for (int first = 0; first < n; first += 97)
         for (int last = first + 1; last <= n; last = last * 3 / 2 + 1) {

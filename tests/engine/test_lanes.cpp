@@ -1,4 +1,5 @@
 #include "engine/lanes.h"
+#include "engine/rows.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -23,7 +24,7 @@ TEST(Lanes, LogarithmKeepsFifteenDigits)
 
 TEST(Lanes, ExponentialKeepsFifteenDigitsAndStaysFinite)
 {
-    for (double x = -690; x < 690; x += 0.37)
+    for (const double x : even(-690, 690, 0.37))
         EXPECT_NEAR(exponential(x) / std::exp(x), 1, 1e-15) << x;
     EXPECT_EQ(exponential(0.0), 1);
     EXPECT_EQ(exponential(-1e300), exponential(-700.0));
@@ -32,7 +33,7 @@ TEST(Lanes, ExponentialKeepsFifteenDigitsAndStaysFinite)
 
 TEST(Lanes, InverseRootsKeepFourteenDigits)
 {
-    for (double x = 1e-12; x < 1e15; x *= 1.37) {
+    for (const double x : growing(1e-12, 1e15, 1.37)) {
         EXPECT_NEAR(inverseroot<3>(x) * std::cbrt(x), 1, 3e-15) << x;
         EXPECT_NEAR(inverseroot<4>(x) * std::pow(x, 0.25), 1, 3e-15) << x;
     }
@@ -40,7 +41,7 @@ TEST(Lanes, InverseRootsKeepFourteenDigits)
 
 TEST(Lanes, SineAndCosineHoldOverAQuarterTurn)
 {
-    for (double u = -1.5707; u < 1.5708; u += 0.001) {
+    for (const double u : even(-1.5707, 1.5708, 0.001)) {
         EXPECT_NEAR(sinecosine(u).sine, std::sin(u), 5e-16);
         EXPECT_NEAR(sinecosine(u).cosine, std::cos(u), 5e-16);
     }

@@ -1,5 +1,6 @@
 #include "engine/lr.h"
 #include "engine/modelinput.h"
+#include "engine/rows.h"
 
 #include <array>
 #include <cmath>
@@ -250,7 +251,7 @@ TEST(LR, LossOfFreeSpaceGrowsWithFrequencyAndDistance)
     prof[1] = 20;
     rec.h1 = rec.h2 = 30;
     double before = 0;
-    for (double f = 20; f <= 20000; f *= 2) {
+    for (const double f : growing(20, 20000, 2)) {
         rec.freq = f;
         prof[2] = f / 2;
         LR(prof.data(), losses.data(), &rec);
