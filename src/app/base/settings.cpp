@@ -64,8 +64,8 @@ template <typename T> static std::optional<T> converted(const std::string& text)
     const std::optional<double> number = wholenumber(text);
     if (!number)
         return std::nullopt;
-    constexpr double least = std::numeric_limits<T>::lowest();
-    constexpr double most = std::numeric_limits<T>::max();
+    constexpr auto least = static_cast<double>(std::numeric_limits<T>::lowest());
+    constexpr auto most = static_cast<double>(std::numeric_limits<T>::max());
     const double value = std::is_integral_v<T> ? roundeven(*number) : *number;
     if (value < least || value > most)
         return std::nullopt;
