@@ -44,7 +44,7 @@ void NumberField::recolour()
     setPalette(colours);
 }
 
-ColourButton::ColourButton(const QString& name, QWidget* parent)
+SwatchButton::SwatchButton(const QString& name, QWidget* parent)
     : QPushButton(QStringLiteral("Couleur"), parent)
 {
     setObjectName(name);
@@ -52,13 +52,13 @@ ColourButton::ColourButton(const QString& name, QWidget* parent)
     setMinimumWidth(sizeHint().width() + 28);
 }
 
-void ColourButton::setcolour(std::int32_t colour)
+void SwatchButton::setcolour(std::int32_t colour)
 {
     shown = colour;
     update();
 }
 
-void ColourButton::choose()
+void SwatchButton::choose()
 {
     const QColor chosen =
         QColorDialog::getColor(QColor(shown & 255, shown >> 8 & 255, shown >> 16 & 255), this);
@@ -66,7 +66,7 @@ void ColourButton::choose()
         setcolour(chosen.red() | chosen.green() << 8 | chosen.blue() << 16);
 }
 
-void ColourButton::paintEvent(QPaintEvent* event)
+void SwatchButton::paintEvent(QPaintEvent* event)
 {
     QPushButton::paintEvent(event);
     QPainter painter(this);

@@ -34,13 +34,13 @@ private:
     double high;
 };
 
-/// A button that shows a colour 0x00BBGGRR.
-class ColourButton : public QPushButton
+/// A button "Couleur" with a swatch of its colour, 0x00BBGGRR.
+class SwatchButton : public QPushButton
 {
     Q_OBJECT
 
 public:
-    ColourButton(const QString& name, QWidget* parent);
+    SwatchButton(const QString& name, QWidget* parent);
 
     std::int32_t colour() const { return shown; }
     void setcolour(std::int32_t colour);

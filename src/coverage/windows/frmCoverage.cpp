@@ -133,8 +133,8 @@ QWidget* frmCoverage::makelevels()
     curve = namedcheck(QStringLiteral("curve"), QStringLiteral("Courbe"), box);
     surface = namedcheck(QStringLiteral("surface"), QStringLiteral("Surface"), box);
     rainbow = namedcheck(QStringLiteral("rainbow"), QStringLiteral("Arc-en-ciel"), box);
-    curvecolour = new ColourButton(QStringLiteral("curvecolour"), box);
-    surfacecolour = new ColourButton(QStringLiteral("surfacecolour"), box);
+    curvecolour = new SwatchButton(QStringLiteral("curvecolour"), box);
+    surfacecolour = new SwatchButton(QStringLiteral("surfacecolour"), box);
     form->addRow(curve, curvecolour);
     form->addRow(surface, surfacecolour);
     form->addRow(rainbow);
@@ -213,7 +213,7 @@ void frmCoverage::connectlevels()
     connect(curve, &QCheckBox::toggled, this, &frmCoverage::enablefields);
     connect(surface, &QCheckBox::toggled, this, &frmCoverage::enablefields);
     connect(rainbow, &QCheckBox::toggled, this, &frmCoverage::chooserainbow);
-    connect(curvecolour, &QPushButton::clicked, curvecolour, &ColourButton::choose);
+    connect(curvecolour, &QPushButton::clicked, curvecolour, &SwatchButton::choose);
     connect(surfacecolour, &QPushButton::clicked, this, &frmCoverage::choosesurfacecolour);
 }
 

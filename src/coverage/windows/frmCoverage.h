@@ -6,7 +6,7 @@
 
 #include <functional>
 
-class ColourButton;
+class SwatchButton;
 class NumberField;
 class QButtonGroup;
 class QCheckBox;
@@ -62,7 +62,7 @@ private:
     QButtonGroup *directions, *units;
     NumberField *rmin, *rmax, *azmin, *azmax, *step, *antaz, *low, *high;
     QCheckBox *uselink, *curve, *surface, *rainbow;
-    ColourButton *curvecolour, *surfacecolour;
+    SwatchButton *curvecolour, *surfacecolour;
     LevelUnit unit = LevelUnit::sunit; ///< in which `levels` are held
     Levels levels;
     bool applying = false;

@@ -69,7 +69,7 @@ TEST_F(CoverageDialog, ShowsTheStoredParametersWithinTheirRanges)
     EXPECT_TRUE(get<QCheckBox>("surface").isChecked());
     EXPECT_FALSE(get<QCheckBox>("curve").isChecked());
     EXPECT_FALSE(get<QCheckBox>("rainbow").isChecked());
-    EXPECT_EQ(get<ColourButton>("surfacecolour").colour(), 0x00FFFF);
+    EXPECT_EQ(get<SwatchButton>("surfacecolour").colour(), 0x00FFFF);
 }
 
 TEST_F(CoverageDialog, NetListFollowsTheStations)
@@ -113,13 +113,13 @@ TEST_F(CoverageDialog, FieldsAreEnabledByTheirBoxes)
 TEST_F(CoverageDialog, RainbowMakesTheSurfaceColourBlackAndBackYellow)
 {
     click("rainbow");
-    EXPECT_EQ(get<ColourButton>("surfacecolour").colour(), 0);
+    EXPECT_EQ(get<SwatchButton>("surfacecolour").colour(), 0);
     int edited = 0;
     editsignalcolours = [&] { ++edited; };
     click("surfacecolour");
     EXPECT_EQ(edited, 1);
     click("rainbow");
-    EXPECT_EQ(get<ColourButton>("surfacecolour").colour(), 0x00FFFF);
+    EXPECT_EQ(get<SwatchButton>("surfacecolour").colour(), 0x00FFFF);
     editsignalcolours = [] {};
 }
 
