@@ -16,8 +16,8 @@ std::optional<RadarDiagram> parseradar(std::string_view text)
         return std::nullopt;
     count = roundeven(count);
     // Two numbers of one digit and their separators are the least that a gate takes.
-    if (!(count >= 1) || count > static_cast<double>(text.size() / 4 + 1) ||
-        !(radar.gatesize_km > 0))
+    const std::size_t most = text.size() / 4 + 1;
+    if (!(count >= 1) || count > static_cast<double>(most) || !(radar.gatesize_km > 0))
         return std::nullopt;
     radar.gates.resize(static_cast<std::size_t>(count) + 1);
     for (std::size_t i = 1; i < radar.gates.size(); ++i) {
