@@ -60,6 +60,12 @@ void applyoptions(const SweepOptions& options, CoverageParams& params)
         params.azmin = options.azimuths[0];
         params.azmax = options.azimuths[1];
     }
+    // Stored settings that no sweep can be made of count as the nearest usable ones.
+    const CoverageParams held = heldparams(params);
+    if (!(params.azstep > 0))
+        params.azstep = held.azstep;
+    if (!(params.rangemax > 0))
+        params.rangemax = held.rangemax;
 }
 
 /// Opens network and map, and draws the map. The legend, if wanted, is the coverage's.
@@ -157,6 +163,8 @@ void applyoptions(const CoverageArguments& arguments)
         params.curvecolour = colourof(*arguments.curvecolour);
     if (arguments.curve)
         params.drawcurve = -1;
+    if (arguments.rainbow || arguments.surfacecolour)
+        params.drawsurface = -1;
     if (arguments.nosurface)
         params.drawsurface = 0;
     coveragechoice = {};
