@@ -4,7 +4,9 @@
 #include "coverage/haat.h"
 #include "coverage/paint/coveragepicture.h"
 #include "coverage/windows/coveragefields.h"
-#include "pictures/georeference.h"
+#include "pictures/coloredit.h"
+#include "pictures/colours.h"
+#include "pictures/windows/frmColors.h"
 #include "radio/profile.h"
 
 #include <QButtonGroup>
@@ -13,8 +15,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
-
-std::function<void()> editsignalcolours = [] {};
 
 namespace
 {
@@ -342,7 +342,8 @@ void frmCoverage::choosesurfacecolour()
         return;
     }
     rainbowlevel = signallevels(unit, levels);
-    editsignalcolours();
+    frmColors(editsignal(colours, rainbowlevel), mapgrid.record.minx, mapgrid.record.maxx, this)
+        .exec();
 }
 
 void frmCoverage::apply()

@@ -4,17 +4,12 @@
 
 #include <QDialog>
 
-#include <functional>
-
 class SwatchButton;
 class NumberField;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
-
-/// Edits the rainbow's colours for a signal; set by the program once its dialog exists.
-extern std::function<void()> editsignalcolours;
 
 /// "Couverture radio": sets up the radio coverage.
 class frmCoverage : public QDialog

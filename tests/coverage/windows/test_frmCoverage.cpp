@@ -4,9 +4,11 @@
 #include "pictures/paint/drawmap.h"
 #include "pictures/paint/picturetest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 #include <fstream>
 #include <memory>
@@ -114,13 +116,19 @@ TEST_F(CoverageDialog, RainbowMakesTheSurfaceColourBlackAndBackYellow)
 {
     click("rainbow");
     EXPECT_EQ(get<SwatchButton>("surfacecolour").colour(), 0);
-    int edited = 0;
-    editsignalcolours = [&] { ++edited; };
+    bool readonly = false;
+    QTimer::singleShot(0, [&] {
+        QWidget* scale = QApplication::activeModalWidget();
+        ASSERT_NE(scale, nullptr);
+        EXPECT_EQ(scale->objectName().toStdString(), "frmColors");
+        for (const QLineEdit* level : scale->findChildren<QLineEdit*>())
+            readonly = level->isReadOnly();
+        scale->close();
+    });
     click("surfacecolour");
-    EXPECT_EQ(edited, 1);
+    EXPECT_TRUE(readonly) << "the levels of a signal are shown only";
     click("rainbow");
     EXPECT_EQ(get<SwatchButton>("surfacecolour").colour(), 0x00FFFF);
-    editsignalcolours = [] {};
 }
 
 TEST_F(CoverageDialog, LevelsChangeWithTheUnit)
