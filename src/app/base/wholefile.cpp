@@ -10,6 +10,8 @@
 
 namespace fs = std::filesystem;
 
+namespace
+{
 /// An open file that closes itself.
 class OpenFile
 {
@@ -34,6 +36,7 @@ public:
 private:
     int handle;
 };
+} // namespace
 
 static std::optional<struct stat> regularstatus(const OpenFile& file)
 {
