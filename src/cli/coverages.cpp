@@ -186,10 +186,11 @@ void runcoverage(const CoverageArguments& arguments)
         throw Failure("station " + arguments.centre, "centre and mobile are the same");
     requireonmap(picture, centre, arguments.centre);
     applyoptions(arguments);
-    coveragechoice.covcenter = static_cast<std::int16_t>(centre);
-    coveragechoice.covmobile = static_cast<std::int16_t>(mobile);
-    coveragechoice.covnet = static_cast<std::int16_t>(net);
-    const double area_km2 = drawcoverage(picture, coverageorder(network.coverage, coveragechoice));
+    selection.linkunit1 = static_cast<std::int16_t>(centre);
+    selection.linkunit2 = static_cast<std::int16_t>(mobile);
+    selection.linknet = static_cast<std::int16_t>(net);
+    const double area_km2 =
+        drawcoverage(picture, coverageorder(network.coverage, coveragechoice, selection));
     writeall(picture, arguments.sweep);
     printarea(area_km2);
 }

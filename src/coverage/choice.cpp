@@ -34,16 +34,28 @@ void savecoveragesettings(const CoverageChoice& choice)
     writesetting("CovHigh", choice.levels.high);
 }
 
-CoverageParams heldparams(const CoverageParams& params)
+static CoverageParams heldwithin(float lastazmin, float lastantenna, const CoverageParams& params)
 {
     CoverageParams heldones = params;
-    heldones.azmin = held(0, 359, params.azmin);
+    heldones.azmin = held(0, lastazmin, params.azmin);
     heldones.azmax = held(heldones.azmin, 360, params.azmax);
     heldones.azstep = held(0.1F, 10, params.azstep);
-    heldones.antazimuth = held(0, 359.99F, params.antazimuth);
+    heldones.antazimuth = held(0, lastantenna, params.antazimuth);
     heldones.rangemax = held(1, 1000, params.rangemax);
     heldones.rangemin = held(0.1F, heldones.rangemax, params.rangemin);
+    heldones.sensorheight = held(0.1F, 9999, params.sensorheight);
+    heldones.targetheight = held(0.1F, 9999, params.targetheight);
     return heldones;
+}
+
+CoverageParams shownparams(const CoverageParams& params)
+{
+    return heldwithin(359, 359.99F, params);
+}
+
+CoverageParams heldparams(const CoverageParams& params)
+{
+    return heldwithin(359.9F, 360, params);
 }
 
 std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB)
@@ -53,7 +65,7 @@ std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB)
         return unit >= 1 && unit <= MAXUNIT &&
                tables.units[static_cast<std::size_t>(unit)].enabled != 0;
     };
-    if (unitA == unitB || !enabled(unitA) || !enabled(unitB))
+    if (!enabled(unitA) || !enabled(unitB))
         return nets;
     for (int n = 1; n <= MAXNET; ++n) {
         const Net& net = tables.nets[static_cast<std::size_t>(n)];
@@ -78,12 +90,13 @@ SweepBounds sweepbounds(const CoverageParams& params)
     return {params.azmin, params.azmax, params.azstep, params.rangemin, params.rangemax};
 }
 
-CoverageOrder coverageorder(const CoverageParams& params, const CoverageChoice& choice)
+CoverageOrder coverageorder(const CoverageParams& params, const CoverageChoice& choice,
+                            const Selection& pair)
 {
     CoverageOrder order;
-    order.centre = choice.covcenter;
-    order.mobile = choice.covmobile;
-    order.net = choice.covnet;
+    order.centre = pair.linkunit1;
+    order.mobile = pair.linkunit2;
+    order.net = pair.linknet;
     order.mobiletransmits = choice.covdir == 1;
     order.bounds = sweepbounds(params);
     order.antaz = params.antazimuth;

@@ -10,11 +10,9 @@
 #include <string>
 #include <vector>
 
-/// What a coverage is set up with beside the parameters of the network file.
+/// What a coverage is set up with beside the parameters of the network file. Centre, mobile and net
+/// are the pair and the net of the radio link window, which both windows set.
 struct CoverageChoice {
-    std::int16_t covcenter = 1; ///< stations and net of the radio coverage
-    std::int16_t covmobile = 2;
-    std::int16_t covnet = 1;
     std::uint8_t covdir = 0;     ///< 1: the mobile transmits
     std::uint8_t covuselink = 0; ///< 1: the antenna points from the centre to the mobile
     std::int16_t covindex = 0;   ///< position in the list of patterns
@@ -32,12 +30,16 @@ extern std::array<float, 11> rainbowlevel;
 void readcoveragesettings(CoverageChoice& choice);
 void savecoveragesettings(const CoverageChoice& choice);
 
-/// Parameters held within the ranges of their fields: azimuths 0 to 359 and the first one to 360,
-/// step 0.1 to 10, antenna azimuth 0 to 359.99, ranges 1 to 1000 km and 0.1 to the farthest one. A
-/// number that is none becomes the lower bound.
+/// Parameters as the fields show them when a dialog opens: azimuths 0 to 359 and the first one to
+/// 360, step 0.1 to 10, antenna azimuth 0 to 359.99, ranges 1 to 1000 km and 0.1 to the farthest
+/// one, heights 0.1 to 9999 m. A number that is none becomes the lower bound.
+CoverageParams shownparams(const CoverageParams& params);
+
+/// Parameters held within the ranges in which they are stored: as above, but the first azimuth goes
+/// up to 359.9 and the antenna's to 360.
 CoverageParams heldparams(const CoverageParams& params);
 
-/// The nets that have both stations as members, when both are enabled and differ; ascending.
+/// The nets that have both stations as members, when both are enabled; ascending.
 std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB);
 
 /// Least distance between the two numbers of a pair of fields.
@@ -50,8 +52,10 @@ float heldupper(double typed, double lower, double most);
 /// Azimuths and ranges of the parameters.
 SweepBounds sweepbounds(const CoverageParams& params);
 
-/// The radio coverage that parameters and choice ask for; reads the pattern file.
-CoverageOrder coverageorder(const CoverageParams& params, const CoverageChoice& choice);
+/// The radio coverage that parameters and choice ask for, of the selection's pair and net; reads
+/// the pattern file.
+CoverageOrder coverageorder(const CoverageParams& params, const CoverageChoice& choice,
+                            const Selection& pair);
 
 /// The visual coverage that they ask for, without a radar.
 ///   visualmode  non-zero: the target follows the ground

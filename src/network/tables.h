@@ -122,7 +122,7 @@ extern bool netdirty;
 struct Selection {
     std::int16_t curunit = 1; ///< slots shown in the dialogs
     std::int16_t curnet = 1;
-    std::int16_t linkunit1 = 1; ///< pair and net of the radio link window
+    std::int16_t linkunit1 = 1; ///< pair and net of link window and radio coverage
     std::int16_t linkunit2 = 2;
     std::int16_t linknet = 1;
     std::array<std::uint8_t, 3> linestyle{175, 181, 129}; ///< rules of the line colours

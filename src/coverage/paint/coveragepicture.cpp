@@ -44,12 +44,11 @@ CoverageColours paintcolours()
 }
 
 /// Paints the sweep until its end or a stop; returns the sum of its rings.
-std::int64_t paintsweep(OpenPicture& picture, const RadioSweep& sweep)
+std::int64_t paintsweep(CoverageSheet& sheet, const RadioSweep& sweep)
 {
-    CoverageSheet sheet(picture);
     const CoverageColours paint = paintcolours();
     const PenMode mode = paintmode();
-    const std::int64_t rings = runsweep(
+    return runsweep(
         sweep,
         [&](std::span<const SectorPaint> sectors) {
             paintsectors(sheet.view(), sectors, paint, mode);
@@ -58,9 +57,15 @@ std::int64_t paintsweep(OpenPicture& picture, const RadioSweep& sweep)
             sheet.refresh();
             return opstep(k) != 0;
         });
-    picturehooks.picturechanged(picture, {});
-    return rings;
 }
+
+/// The hourglass for as long as it lives.
+struct Hourglass {
+    Hourglass() { hooks.busypointer(true); }
+    ~Hourglass() { hooks.busypointer(false); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
 } // namespace
 
 CoverageSheet::CoverageSheet(OpenPicture& target)
@@ -126,6 +131,21 @@ bool sweepcentre(const OpenPicture& picture, int unit, SweepCentre& centre)
     return true;
 }
 
+bool paintover(OpenPicture& picture, int last, const std::function<void(CoverageSheet&)>& paint)
+{
+    picturehooks.showpicture(picture);
+    erasenets();
+    if (!covpicture(picture))
+        return false;
+    const Hourglass hourglass;
+    beginop(Operation::coverage);
+    optotal = static_cast<float>(last);
+    CoverageSheet sheet(picture);
+    paint(sheet);
+    picturehooks.picturechanged(picture, {});
+    return opbusy != 0;
+}
+
 double drawcoverage(OpenPicture& picture, const CoverageOrder& order)
 {
     SweepCentre centre;
@@ -135,21 +155,18 @@ double drawcoverage(OpenPicture& picture, const CoverageOrder& order)
     if (!sweep)
         return 0;
     const std::int16_t mode = picture.data.Mapmode;
-    picturehooks.showpicture(picture);
-    erasenets();
+    std::int64_t rings = 0;
     double area_km2 = 0;
-    if (covpicture(picture)) {
-        beginop(Operation::coverage);
-        optotal = static_cast<float>(sweep->azimuths.size()) - 1;
-        area_km2 = coveredarea(*sweep, paintsweep(picture, *sweep));
-        if (opbusy != 0) {
-            if (coveragechoice.covrainbow && colours.showlegend != 0) {
-                const SignalScale scale{unitname(order.unit), rainbowlevel};
-                drawlegend(picture, &scale);
-            }
-            if (!keepdrawing(picture, "coverage "))
-                picture.data.Mapmode = mode;
+    const auto last = static_cast<int>(sweep->azimuths.size()) - 1;
+    if (paintover(picture, last,
+                  [&](CoverageSheet& sheet) { rings = paintsweep(sheet, *sweep); })) {
+        if (coveragechoice.covrainbow && colours.showlegend != 0) {
+            const SignalScale scale{unitname(order.unit), rainbowlevel};
+            drawlegend(picture, &scale);
         }
+        if (!keepdrawing(picture, "coverage "))
+            picture.data.Mapmode = mode;
+        area_km2 = coveredarea(*sweep, rings);
     }
     endop();
     return area_km2;
@@ -160,7 +177,7 @@ void coverage()
     if (currentpic == nullptr)
         return;
     const double area_km2 =
-        drawcoverage(*currentpic, coverageorder(network.coverage, coveragechoice));
+        drawcoverage(*currentpic, coverageorder(network.coverage, coveragechoice, selection));
     if (area_km2 > 0)
         hooks.setlabel1("La surface couverte est de  " + formatnumber("0", area_km2) +
                         " km carrés");

@@ -38,9 +38,15 @@ bool covpicture(OpenPicture& picture);
 /// Centre of a sweep: the pixel of a station. False when it isn't on the picture.
 bool sweepcentre(const OpenPicture& picture, int unit, SweepCentre& centre);
 
+/// The frame of a sweep: brings the picture to the front, offers the plain relief, then runs
+/// `paint` on the picture's sheet as a long operation, which the caller ends.
+///   last  number of the last radial, for the progress bar
+/// False when the user stopped it; what was painted stays.
+bool paintover(OpenPicture& picture, int last, const std::function<void(CoverageSheet&)>& paint);
+
 /// Radio coverage by an order, painted over a picture that is the map's own rendering. Asks whether
 /// to keep it. A stop leaves what was painted.
-/// Returns the covered area in km²; 0 when nothing could be swept.
+/// Returns the covered area in km²; 0 when nothing could be swept and after a stop.
 double drawcoverage(OpenPicture& picture, const CoverageOrder& order);
 
 /// Radio coverage of the run's parameters over the current picture; the area goes to the status
@@ -48,9 +54,10 @@ double drawcoverage(OpenPicture& picture, const CoverageOrder& order);
 void coverage();
 
 /// Visual coverage by an order from a station, in a colour 0x00BBGGRR. Returns the seen area in
-/// km²; 0 when nothing could be swept.
+/// km²; 0 when nothing could be swept and after a stop.
 double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour);
 
-/// Visual coverage of the run's parameters over the current picture.
+/// Visual coverage of the run's parameters over the current picture. A radar file that cannot be
+/// read ends it with nothing painted.
 ///   radarfile  name of a radar file of the program's folder; empty: none
 void viscoverage(const std::string& radarfile);

@@ -3,14 +3,12 @@
 #include "coverage/paint/coveragepicture.h"
 #include "network/tables.h"
 #include "pictures/paint/keepdrawing.h"
-#include "pictures/paint/overlay.h"
 
-static std::int64_t paintview(OpenPicture& picture, const ViewSweep& sweep, std::int32_t colour)
+static std::int64_t paintview(CoverageSheet& sheet, const ViewSweep& sweep, std::int32_t colour)
 {
-    CoverageSheet sheet(picture);
     const PenMode mode = paintmode();
     const std::uint32_t pixel = pixelof(colour);
-    const std::int64_t rings = runview(
+    return runview(
         sweep,
         [&](std::span<const SectorQuad> quads) {
             for (const SectorQuad& quad : quads)
@@ -20,8 +18,6 @@ static std::int64_t paintview(OpenPicture& picture, const ViewSweep& sweep, std:
             sheet.refresh();
             return opstep(k) != 0;
         });
-    picturehooks.picturechanged(picture, {});
-    return rings;
 }
 
 double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour)
@@ -33,15 +29,13 @@ double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std:
     const auto sweep = prepareview(mapgrid, order, centre, ground_m);
     if (!sweep)
         return 0;
-    picturehooks.showpicture(picture);
-    erasenets();
+    std::int64_t rings = 0;
     double area_km2 = 0;
-    if (covpicture(picture)) {
-        beginop(Operation::coverage);
-        optotal = static_cast<float>(sweep->azimuths.size()) - 1;
-        area_km2 = seenarea(*sweep, paintview(picture, *sweep, colour));
-        if (opbusy != 0)
-            keepdrawing(picture, "la couverture ");
+    const auto last = static_cast<int>(sweep->azimuths.size()) - 1;
+    if (paintover(picture, last,
+                  [&](CoverageSheet& sheet) { rings = paintview(sheet, *sweep, colour); })) {
+        keepdrawing(picture, "la couverture ");
+        area_km2 = seenarea(*sweep, rings);
     }
     endop();
     return area_km2;
@@ -55,10 +49,11 @@ void viscoverage(const std::string& radarfile)
     if (!radarfile.empty()) {
         order.radar = readradar(radarfile);
         if (!order.radar) {
-            // The run ends as it began, with nothing painted.
-            erasenets();
-            beginop(Operation::coverage);
-            endop();
+            SweepCentre centre;
+            if (sweepcentre(*currentpic, selection.curunit, centre)) {
+                paintover(*currentpic, 0, [](CoverageSheet&) {});
+                endop();
+            }
             return;
         }
     }

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <array>
 #include <cstdint>
 
 /// A field for a number. It refuses nothing: a text out of bounds turns red, and the value is held
@@ -53,6 +54,22 @@ protected:
 private:
     std::int32_t shown = 0;
 };
+
+/// The fields of a sweep, which both coverages have.
+struct SweepFields {
+    NumberField *azmin = nullptr, *azmax = nullptr, *step = nullptr; ///< degrees
+    NumberField *rmin = nullptr, *rmax = nullptr;                    ///< km
+};
+/// A titled box with the azimuth fields, captions in the order minimum, maximum, step.
+QGroupBox* azimuthbox(const QString& title, const std::array<QString, 3>& captions,
+                      SweepFields& fields, QWidget* parent);
+/// A titled box with the range fields, minimum and maximum.
+QGroupBox* rangebox(const QString& title, const std::array<QString, 2>& captions,
+                    SweepFields& fields, QWidget* parent);
+/// Shows the parameters of a sweep in its fields, and takes them from there, each held within its
+/// field's bounds.
+void showsweep(const CoverageParams& params, const SweepFields& fields);
+void takesweep(const SweepFields& fields, CoverageParams& params);
 
 /// Fills a list with the names of all stations and selects one.
 void fillstations(QComboBox& list, int selected);

@@ -3,7 +3,6 @@
 #include "app/base/numbers.h"
 #include "coverage/haat.h"
 #include "coverage/paint/coveragepicture.h"
-#include "coverage/windows/coveragefields.h"
 #include "pictures/coloredit.h"
 #include "pictures/colours.h"
 #include "pictures/windows/frmColors.h"
@@ -90,19 +89,13 @@ QWidget* frmCoverage::makesweep()
     auto* both = new QWidget(this);
     auto* column = new QVBoxLayout(both);
     column->setContentsMargins(0, 0, 0, 0);
-    QFormLayout* form = nullptr;
-    column->addWidget(formbox(QStringLiteral("Portée (km)"), form, both));
-    rmin = new NumberField(QStringLiteral("rmin"), 0.1, 1000, both);
-    rmax = new NumberField(QStringLiteral("rmax"), 1, 1000, both);
-    form->addRow(QStringLiteral("Minimum"), rmin);
-    form->addRow(QStringLiteral("Maximum"), rmax);
-    column->addWidget(formbox(QStringLiteral("Balayage d'azimuth (°)"), form, both));
-    azmin = new NumberField(QStringLiteral("azmin"), 0, 359.9, both);
-    azmax = new NumberField(QStringLiteral("azmax"), 0, 360, both);
-    step = new NumberField(QStringLiteral("step"), 0.1, 10, both);
-    form->addRow(QStringLiteral("Minimum"), azmin);
-    form->addRow(QStringLiteral("Maximum"), azmax);
-    form->addRow(QStringLiteral("Pas"), step);
+    column->addWidget(rangebox(QStringLiteral("Portée (km)"),
+                               {QStringLiteral("Minimum"), QStringLiteral("Maximum")}, sweep,
+                               both));
+    column->addWidget(
+        azimuthbox(QStringLiteral("Balayage d'azimuth (°)"),
+                   {QStringLiteral("Minimum"), QStringLiteral("Maximum"), QStringLiteral("Pas")},
+                   sweep, both));
     return both;
 }
 
@@ -164,15 +157,11 @@ QWidget* frmCoverage::makebuttons()
 void frmCoverage::fill()
 {
     readcoveragesettings(coveragechoice);
-    const CoverageParams params = heldparams(network.coverage);
-    fillstations(*centrelist, coveragechoice.covcenter);
-    fillstations(*mobilelist, coveragechoice.covmobile);
+    const CoverageParams params = shownparams(network.coverage);
+    fillstations(*centrelist, selection.linkunit1);
+    fillstations(*mobilelist, selection.linkunit2);
     directions->button(coveragechoice.covdir)->setChecked(true);
-    rmin->setnumber(params.rangemin);
-    rmax->setnumber(params.rangemax);
-    azmin->setnumber(params.azmin);
-    azmax->setnumber(params.azmax);
-    step->setnumber(params.azstep);
+    showsweep(params, sweep);
     antaz->setnumber(params.antazimuth);
     uselink->setChecked(coveragechoice.covuselink == 1);
     fillpatterns();
@@ -201,7 +190,7 @@ void frmCoverage::connectfields()
         showlinkazimuth();
         enablefields();
     });
-    for (NumberField* field : {rmin, rmax, azmin, azmax, step, antaz})
+    for (NumberField* field : {sweep.rmin, sweep.rmax, sweep.azmin, sweep.azmax, sweep.step, antaz})
         connect(field, &QLineEdit::editingFinished, this, &frmCoverage::leavesweep);
 }
 
@@ -245,7 +234,7 @@ void frmCoverage::fillnets()
             QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()), n);
     if (netlist->count() == 0)
         netlist->addItem(QStringLiteral("Pas de réseau en commun"), 0);
-    netlist->setCurrentIndex(std::max(0, netlist->findData(coveragechoice.covnet)));
+    netlist->setCurrentIndex(std::max(0, netlist->findData(selection.linknet)));
 }
 
 void frmCoverage::fillpatterns()
@@ -304,18 +293,22 @@ void frmCoverage::changeunits(int id)
 void frmCoverage::leavelevels(bool first)
 {
     const auto [least, most] = levelbounds(unit);
+    const NumberField& field = first ? *low : *high;
+    // A text that nobody touched is the level rounded; the level itself stays.
+    if (field.text().toStdString() == leveltext(unit, first ? levels.low : levels.high))
+        return;
+    const double typed = double{typedlevel(unit, field.typed())};
     if (first)
-        levels.low =
-            heldlower(double{typedlevel(unit, low->typed())}, double{least}, double{levels.high});
+        levels.low = heldlower(typed, double{least}, double{levels.high});
     else
-        levels.high =
-            heldupper(double{typedlevel(unit, high->typed())}, double{levels.low}, double{most});
+        levels.high = heldupper(typed, double{levels.low}, double{most});
     showlevels();
 }
 
 void frmCoverage::leavesweep()
 {
     const auto* field = sender();
+    const auto& [azmin, azmax, step, rmin, rmax] = sweep;
     if (field == rmin)
         rmin->setnumber(heldlower(rmin->typed(), 0.1, rmax->value()));
     else if (field == rmax)
@@ -357,16 +350,15 @@ void frmCoverage::apply()
 
 void frmCoverage::store()
 {
-    coveragechoice.covcenter = static_cast<std::int16_t>(centre());
-    coveragechoice.covmobile = static_cast<std::int16_t>(mobile());
-    coveragechoice.covnet = static_cast<std::int16_t>(chosennet());
+    selection.linkunit1 = static_cast<std::int16_t>(centre());
+    selection.linkunit2 = static_cast<std::int16_t>(mobile());
+    selection.linknet = static_cast<std::int16_t>(chosennet());
+    coveragechoice.covdir = static_cast<std::uint8_t>(directions->checkedId());
+    coveragechoice.covuselink = uselink->isChecked() ? 1 : 0;
+    coveragechoice.covindex = static_cast<std::int16_t>(patternlist->currentIndex());
     coveragechoice.covrainbow = rainbow->isChecked();
     CoverageParams& params = network.coverage;
-    params.rangemin = static_cast<float>(rmin->value());
-    params.rangemax = static_cast<float>(rmax->value());
-    params.azmin = static_cast<float>(azmin->value());
-    params.azmax = static_cast<float>(azmax->value());
-    params.azstep = static_cast<float>(step->value());
+    takesweep(sweep, params);
     params.antazimuth = static_cast<float>(antaz->value());
     params.antfile.assign(patternlist->currentText().toStdString());
     params.unit = static_cast<std::int16_t>(unit);
@@ -381,14 +373,7 @@ void frmCoverage::store()
 
 void frmCoverage::done(int result)
 {
-    CoverageChoice kept = coveragechoice;
-    kept.covdir = static_cast<std::uint8_t>(directions->checkedId());
-    kept.covuselink = uselink->isChecked() ? 1 : 0;
-    kept.covindex = static_cast<std::int16_t>(patternlist->currentIndex());
-    kept.levels = levels;
-    savecoveragesettings(kept);
-    if (applying)
-        coveragechoice = kept;
+    savecoveragesettings(coveragechoice);
     QDialog::done(result);
 }
 

@@ -1,15 +1,12 @@
 #pragma once
 
 #include "coverage/choice.h"
+#include "coverage/windows/coveragefields.h"
 
 #include <QDialog>
 
-class SwatchButton;
-class NumberField;
 class QButtonGroup;
 class QCheckBox;
-class QComboBox;
-class QGroupBox;
 
 /// "Couverture radio": sets up the radio coverage.
 class frmCoverage : public QDialog
@@ -55,7 +52,8 @@ private:
 
     QComboBox *centrelist, *mobilelist, *netlist, *patternlist;
     QButtonGroup *directions, *units;
-    NumberField *rmin, *rmax, *azmin, *azmax, *step, *antaz, *low, *high;
+    SweepFields sweep;
+    NumberField *antaz, *low, *high;
     QCheckBox *uselink, *curve, *surface, *rainbow;
     SwatchButton *curvecolour, *surfacecolour;
     LevelUnit unit = LevelUnit::sunit; ///< in which `levels` are held

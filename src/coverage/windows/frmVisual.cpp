@@ -2,7 +2,6 @@
 
 #include "coverage/choice.h"
 #include "coverage/paint/coveragepicture.h"
-#include "coverage/windows/coveragefields.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -25,8 +24,15 @@ frmVisual::frmVisual(QWidget* parent) : QDialog(parent)
     auto* grid = new QGridLayout(this);
     grid->addWidget(makeobserver(), 0, 0);
     grid->addWidget(maketarget(), 1, 0);
-    grid->addWidget(makesweep(), 0, 1);
-    grid->addWidget(makerange(), 1, 1);
+    grid->addWidget(azimuthbox(QStringLiteral("Balayage d'azimuth"),
+                               {QStringLiteral("Minimum (°)"), QStringLiteral("Maximum (°)"),
+                                QStringLiteral("Pas (°)")},
+                               sweep, this),
+                    0, 1);
+    grid->addWidget(rangebox(QStringLiteral("Portée"),
+                             {QStringLiteral("Min. (km)"), QStringLiteral("Max. (km)")}, sweep,
+                             this),
+                    1, 1);
     grid->addWidget(makeradar(), 2, 0, 1, 2);
     grid->addWidget(makebuttons(), 3, 0, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
@@ -64,30 +70,6 @@ QWidget* frmVisual::maketarget()
     return box;
 }
 
-QWidget* frmVisual::makesweep()
-{
-    QFormLayout* form = nullptr;
-    QGroupBox* box = formbox(QStringLiteral("Balayage d'azimuth"), form, this);
-    azmin = new NumberField(QStringLiteral("azmin"), 0, 359.9, box);
-    azmax = new NumberField(QStringLiteral("azmax"), 0, 360, box);
-    step = new NumberField(QStringLiteral("step"), 0.1, 10, box);
-    form->addRow(QStringLiteral("Minimum (°)"), azmin);
-    form->addRow(QStringLiteral("Maximum (°)"), azmax);
-    form->addRow(QStringLiteral("Pas (°)"), step);
-    return box;
-}
-
-QWidget* frmVisual::makerange()
-{
-    QFormLayout* form = nullptr;
-    QGroupBox* box = formbox(QStringLiteral("Portée"), form, this);
-    rmin = new NumberField(QStringLiteral("rmin"), 0.1, 1000, box);
-    rmax = new NumberField(QStringLiteral("rmax"), 1, 1000, box);
-    form->addRow(QStringLiteral("Min. (km)"), rmin);
-    form->addRow(QStringLiteral("Max. (km)"), rmax);
-    return box;
-}
-
 QWidget* frmVisual::makeradar()
 {
     auto* row = new QWidget(this);
@@ -120,7 +102,7 @@ QWidget* frmVisual::makebuttons()
     add("magenta", QStringLiteral("Magenta"), [this] { paintin(magenta); });
     line->addStretch();
     radarbutton = add("radar3d", QStringLiteral("Radar 3D"), [this] {
-        store();
+        store(true);
         chosen = Run::radar3d;
         accept();
     });
@@ -129,16 +111,12 @@ QWidget* frmVisual::makebuttons()
 
 void frmVisual::fill()
 {
-    const CoverageParams params = heldparams(network.coverage);
+    const CoverageParams params = shownparams(network.coverage);
     fillstations(*unitlist, selection.curunit);
     sensorh->setnumber(params.sensorheight);
     targeth->setnumber(params.targetheight);
     (selection.visualmode != 0 ? follow : fixed)->setChecked(true);
-    azmin->setnumber(params.azmin);
-    azmax->setnumber(params.azmax);
-    step->setnumber(params.azstep);
-    rmin->setnumber(params.rangemin);
-    rmax->setnumber(params.rangemax);
+    showsweep(params, sweep);
     for (const std::string& name : programfiles(".rad"))
         radarlist->addItem(QString::fromStdString(name));
     const bool any = radarlist->count() > 0;
@@ -158,7 +136,7 @@ void frmVisual::showmode()
                                : QStringLiteral("Altitude de la cible(m)\nau dessus de la mer"));
 }
 
-void frmVisual::store()
+void frmVisual::store(bool radar)
 {
     selection.curunit = static_cast<std::int16_t>(unitlist->currentIndex() + 1);
     selection.visualmode = follow->isChecked() ? -1 : 0;
@@ -166,19 +144,15 @@ void frmVisual::store()
     CoverageParams& params = network.coverage;
     params.sensorheight = static_cast<float>(sensorh->value());
     params.targetheight = static_cast<float>(targeth->value());
-    params.azmin = static_cast<float>(azmin->value());
-    params.azmax = static_cast<float>(azmax->value());
-    params.azstep = static_cast<float>(step->value());
-    params.rangemin = static_cast<float>(rmin->value());
-    params.rangemax = static_cast<float>(rmax->value());
-    if (radarlist->count() > 0)
+    takesweep(sweep, params);
+    if (radar)
         params.antfile.assign(radarlist->currentText().toStdString());
     params = heldparams(params);
 }
 
 void frmVisual::paintin(std::int32_t colour)
 {
-    store();
+    store(radaron->isChecked());
     network.coverage.visualcolour = colour;
     chosen = Run::paint;
     accept();

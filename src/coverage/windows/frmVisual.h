@@ -1,15 +1,14 @@
 #pragma once
 
+#include "coverage/windows/coveragefields.h"
+
 #include <QDialog>
 
 #include <cstdint>
 #include <string>
 
-class NumberField;
 class QCheckBox;
-class QComboBox;
 class QLabel;
-class QPushButton;
 class QRadioButton;
 
 /// "Couverture visuelle": sets up the visual coverage. A press of a colour reads the fields, closes
@@ -30,17 +29,16 @@ public:
 private:
     QWidget* makeobserver();
     QWidget* maketarget();
-    QWidget* makesweep();
-    QWidget* makerange();
     QWidget* makeradar();
     QWidget* makebuttons();
     void fill();
     void showmode();
-    void store();
+    void store(bool radar);
     void paintin(std::int32_t colour);
 
     QComboBox *unitlist, *radarlist;
-    NumberField *sensorh, *targeth, *azmin, *azmax, *step, *rmin, *rmax;
+    NumberField *sensorh, *targeth;
+    SweepFields sweep;
     QRadioButton *follow, *fixed;
     QLabel* targetcaption;
     QCheckBox* radaron;

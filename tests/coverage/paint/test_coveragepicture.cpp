@@ -20,6 +20,7 @@ protected:
             station(u, 7.4F + 0.2F * static_cast<float>(u), 44.5F).elevation = 200;
         }
         coveragechoice = {};
+        selection = {};
         coveragechoice.levels = {-120, 0};
         network.coverage.unit = 1;
         network.coverage.surfacecolour = 0x00FFFF;
@@ -63,7 +64,7 @@ TEST_F(CoveragePicture, IsPaintedThroughTheMaskAndKeptOnYes)
 TEST_F(CoveragePicture, PaintsTheSectorsOfThePlainSweep)
 {
     const QImage before = surfaceimage(picture->surface);
-    const CoverageOrder order = coverageorder(network.coverage, coveragechoice);
+    const CoverageOrder order = coverageorder(network.coverage, coveragechoice, selection);
     SweepCentre centre;
     ASSERT_TRUE(sweepcentre(*picture, 1, centre));
     const SlowCoverage slow = slowcoverage(network, mapgrid, order, centre.x0, centre.y0);
@@ -118,6 +119,19 @@ TEST_F(CoveragePicture, StopLeavesWhatWasPainted)
     EXPECT_GT(changed(before), 50U);
     EXPECT_LT(changed(before), 1500U);
     EXPECT_EQ(label2, "Arrêté par l'utilisateur.");
+    EXPECT_EQ(label1, "Prêt") << "and no area is told";
+}
+
+TEST_F(CoveragePicture, ShowsTheHourglassWhileItSweeps)
+{
+    std::vector<bool> pointer;
+    hooks.busypointer = [&](bool busy) {
+        EXPECT_TRUE(questions.empty()) << "the pointer is back for the question";
+        pointer.push_back(busy);
+    };
+    answers = {Answer::no};
+    coverage();
+    EXPECT_EQ(pointer, (std::vector{true, false}));
 }
 
 TEST_F(CoveragePicture, CentreOutsideThePictureDoesNothing)

@@ -23,6 +23,7 @@ protected:
         PictureTest::SetUp();
         resetsettings();
         coveragechoice = {};
+        selection = {};
         mapgrid.record.mapsize = 40;
         station(1, 7.5F, 44.5F, "Centre");
         station(2, 7.8F, 44.5F, "Mobile");
@@ -207,7 +208,9 @@ TEST_F(CoverageDialog, ApplyStoresTheParametersAndCloses)
     EXPECT_EQ(network.coverage.unit, 1);
     EXPECT_EQ(network.coverage.drawcurve, -1);
     EXPECT_EQ(network.coverage.antfile.text(), "yagi.ant");
-    EXPECT_EQ(coveragechoice.covnet, 2);
+    EXPECT_EQ(selection.linkunit1, 1);
+    EXPECT_EQ(selection.linkunit2, 2);
+    EXPECT_EQ(selection.linknet, 2);
     EXPECT_EQ(coveragechoice.covdir, 1);
     EXPECT_EQ(coveragechoice.levels, (Levels{-100, -67}));
     EXPECT_EQ(getsetting("CovLow", ""), "-100");
@@ -229,10 +232,53 @@ TEST_F(CoverageDialog, ApplyNeedsSomethingToDrawAndTwoStations)
 TEST_F(CoverageDialog, EscapeStoresNoParameters)
 {
     type("rmax", "30");
+    click("unit1");
+    type("low", "-90");
+    click("direction1");
     QTest::keyClick(dialog.get(), Qt::Key_Escape);
     EXPECT_FALSE(dialog->applied());
     EXPECT_EQ(network.coverage.rangemax, 100);
-    EXPECT_EQ(coveragechoice.covnet, 1);
+    EXPECT_EQ(selection.linknet, 1);
+    EXPECT_EQ(coveragechoice.covdir, 0);
+    EXPECT_EQ(getsetting("CovLow", ""), "-107");
+    EXPECT_EQ(getsetting("CovDir", ""), "0");
+}
+
+TEST_F(CoverageDialog, BeginsWithThePairOfTheLinkWindow)
+{
+    selection.linkunit1 = 2;
+    selection.linkunit2 = 1;
+    network.nets[5].member[1] = network.nets[5].member[2] = memberbit;
+    network.nets[5].name.assign("Cinq");
+    selection.linknet = 5;
+    open();
+    EXPECT_EQ(get<QComboBox>("centrelist").currentText().toStdString(), "Mobile");
+    EXPECT_EQ(get<QComboBox>("mobilelist").currentText().toStdString(), "Centre");
+    EXPECT_EQ(get<QComboBox>("netlist").currentText().toStdString(), "Cinq");
+}
+
+TEST_F(CoverageDialog, ALevelThatNobodyTouchesKeepsItsDigits)
+{
+    click("unit1");
+    type("low", "-119.96");
+    EXPECT_EQ(text("low"), "-120.0");
+    emit get<NumberField>("low").editingFinished();
+    click("unit2");
+    emit get<NumberField>("low").editingFinished();
+    click("apply");
+    EXPECT_EQ(coveragechoice.levels.low, -119.96F);
+}
+
+TEST_F(CoverageDialog, StoresAzimuthsUpToTheirFieldsBounds)
+{
+    type("azmin", "359.5");
+    type("antaz", "360");
+    click("apply");
+    EXPECT_EQ(network.coverage.azmin, 359.5F);
+    EXPECT_EQ(network.coverage.antazimuth, 360);
+    open();
+    EXPECT_EQ(text("azmin"), "359");
+    EXPECT_EQ(text("antaz"), "359.99");
 }
 
 TEST_F(CoverageDialog, HaatReportsOnTheCentralStation)

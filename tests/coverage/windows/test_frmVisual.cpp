@@ -64,6 +64,19 @@ TEST_F(VisualDialog, RadarNeedsAFile)
     EXPECT_EQ(dialog->radarfile(), "nord.rad");
 }
 
+TEST_F(VisualDialog, RadarFileIsStoredOnlyWhenItIsUsed)
+{
+    std::ofstream(path("nord.rad")) << "1,1,0,5\n";
+    network.coverage.antfile.assign("yagi3.ant");
+    open();
+    get<QAbstractButton>("yellow").click();
+    EXPECT_EQ(network.coverage.antfile.text(), "yagi3.ant") << "the antenna's pattern stays";
+    open();
+    get<QCheckBox>("radaron").click();
+    get<QAbstractButton>("yellow").click();
+    EXPECT_EQ(network.coverage.antfile.text(), "nord.rad");
+}
+
 TEST_F(VisualDialog, ColourButtonReadsTheFieldsAndCloses)
 {
     get<QComboBox>("unitlist").setCurrentIndex(6);
