@@ -9,6 +9,7 @@
 #include <vector>
 
 QualityTable quality;
+bool moved = false;
 
 namespace
 {
@@ -52,6 +53,16 @@ std::vector<UnitPair> enabledpairs(const NetworkTables& tables)
     return pairs;
 }
 
+/// The pairs that a station can have a part in.
+std::vector<UnitPair> pairsof(const NetworkTables& tables, int unit)
+{
+    std::vector<UnitPair> pairs;
+    for (int other = 1; other <= MAXUNIT; ++other)
+        if (other != unit && enabled(tables, unit) && enabled(tables, other))
+            pairs.push_back({std::min(unit, other), std::max(unit, other)});
+    return pairs;
+}
+
 /// Both members, and not both of the role that only talks to others.
 bool linkable(const Net& net, const UnitPair& pair)
 {
@@ -91,6 +102,33 @@ void evaluatepair(const NetworkTables& tables, const MapGrid& map, bool allnets,
         setlink(tables, pair.a, pair.b, n, link);
         entermargin(linkmargin(net, true, interference, link), n, pair, table);
     }
+}
+
+void evaluatepairs(const NetworkTables& tables, const MapGrid& map, bool allnets,
+                   std::int16_t interference, const std::vector<UnitPair>& pairs,
+                   QualityTable& table)
+{
+    parallelblocks(pairs.size(), pairgrain, [&](std::size_t first, std::size_t last) {
+        Link link;
+        for (std::size_t i = first; i < last; ++i)
+            evaluatepair(tables, map, allnets, interference, pairs[i], link, table);
+    });
+}
+
+/// Takes all results of a station off the table.
+void clearunit(int unit, QualityTable& table)
+{
+    for (int other = 1; other <= MAXUNIT; ++other)
+        for (int n = 1; n <= MAXNET; ++n)
+            table.at(n, unit, other) = table.at(n, other, unit) = 0;
+}
+
+/// Takes what retransmissions added to the reachability of a net off again.
+void keepdirect(int net, QualityTable& table)
+{
+    for (int a = 1; a < MAXUNIT; ++a)
+        for (int b = a + 1; b <= MAXUNIT; ++b)
+            table.at(net, b, a) = table.at(net, a, b) >= direct ? direct : 0;
 }
 
 /// The reachability of one net's enabled members, in ascending order of stations, as a symmetric
@@ -213,12 +251,7 @@ int signalclass(int signal, const LineRules& rules)
 void evaluatedirect(const NetworkTables& tables, const MapGrid& map, bool allnets,
                     std::int16_t interference, QualityTable& table)
 {
-    const std::vector<UnitPair> pairs = enabledpairs(tables);
-    parallelblocks(pairs.size(), pairgrain, [&](std::size_t first, std::size_t last) {
-        Link link;
-        for (std::size_t i = first; i < last; ++i)
-            evaluatepair(tables, map, allnets, interference, pairs[i], link, table);
-    });
+    evaluatepairs(tables, map, allnets, interference, enabledpairs(tables), table);
 }
 
 void addretransmissions(const NetworkTables& tables, int netnumber, QualityTable& table)
@@ -255,6 +288,18 @@ void evaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
     for (int n = 1; n <= MAXNET; ++n)
         if (takespart(tables.nets[static_cast<std::size_t>(n)], allnets))
             addretransmissions(tables, n, table);
+}
+
+void reevaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
+                std::int16_t interference, int unit, QualityTable& table)
+{
+    clearunit(unit, table);
+    evaluatepairs(tables, map, allnets, interference, pairsof(tables, unit), table);
+    for (int n = 1; n <= MAXNET; ++n)
+        if (takespart(tables.nets[static_cast<std::size_t>(n)], allnets)) {
+            keepdirect(n, table);
+            addretransmissions(tables, n, table);
+        }
 }
 
 void evalnets(bool allnets)

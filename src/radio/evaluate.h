@@ -29,6 +29,8 @@ private:
 
 /// Table of the last `evalnets`.
 extern QualityTable quality;
+/// A station has another place than in that table: the main timer has the nets drawn anew.
+extern bool moved;
 
 /// First phase: margins of all pairs, on all threads. Results don't depend on their number.
 ///   allnets  evaluate nets that are not active, too
@@ -42,6 +44,14 @@ void addretransmissions(const NetworkTables& tables, int net, QualityTable& tabl
 /// Both phases into a table, which is cleared first.
 void evaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
               std::int16_t interference, QualityTable& table);
+
+/// Brings a table up to date after one station moved, was raised, or was switched on or off: its
+/// own pairs are evaluated again, then the retransmissions of all nets. Gives what `evaluate`
+/// gives.
+///   unit   the station; every other one is as it was when `table` was filled
+///   table  of an evaluation with the same `allnets` and `interference`
+void reevaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
+                std::int16_t interference, int unit, QualityTable& table);
 
 /// Evaluates every pair of enabled members of the process's nets into `quality`.
 void evalnets(bool allnets);

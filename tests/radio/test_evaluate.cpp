@@ -9,6 +9,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -247,6 +248,50 @@ TEST(EvaluateDirect, InterferenceModeGivesNoLess)
             raised += optimistic.at(1, a, b) > row.quality(a, b) ? 1 : 0;
         }
     EXPECT_GT(raised, 0);
+}
+
+TEST(Reevaluate, AfterAnyMoveGivesTheTableOfAFullEvaluation)
+{
+    constexpr int moves = 12; // one after the other, so that what one leaves behind would show
+    for (unsigned seed = 1; seed <= 12; ++seed) {
+        const MapGrid map = scene::hillymap(120, 90, seed);
+        NetworkTables tables = scene::randomnetwork(map, seed);
+        const bool allnets = seed % 3 == 0;
+        const auto mode = static_cast<std::int16_t>(seed % 2);
+        std::mt19937 random(seed);
+        std::uniform_real_distribution<float> across(-5, 125);
+        QualityTable kept;
+        evaluate(tables, map, allnets, mode, kept);
+        for (int i = 0; i < moves; ++i) {
+            const int moving = 1 + static_cast<int>(random() % MAXUNIT);
+            Unit& unit = tables.units[static_cast<std::size_t>(moving)];
+            scene::place(unit, across(random), across(random));
+            unit.elevation = scene::groundunder(map, unit) + static_cast<float>(random() % 60);
+            unit.enabled = random() % 6 == 0 ? 0 : -1;
+            reevaluate(tables, map, allnets, mode, moving, kept);
+            QualityTable full;
+            evaluate(tables, map, allnets, mode, full);
+            ASSERT_EQ(cellsof(kept), cellsof(full)) << "seed " << seed << ", move " << i;
+        }
+    }
+}
+
+TEST(Reevaluate, ARelayThatLeavesTakesItsReachAlong)
+{
+    Row row(5, 20, Topology::swarm);
+    row.net().maxretrans = 20;
+    row.setmargin(0); // neighbours hear each other, the others don't
+    row.run();
+    ASSERT_EQ(row.reach(1, 3), 49);
+    scene::place(row.tables.units[3], -9, -9);
+    reevaluate(row.tables, row.map, false, 0, 3, row.table);
+    EXPECT_EQ(row.reach(1, 2), 50);
+    EXPECT_EQ(row.reach(1, 3), 0);
+    EXPECT_EQ(row.reach(2, 4), 0);
+    EXPECT_EQ(row.reach(1, 5), 0);
+    scene::place(row.tables.units[3], 2 + 2 * 20, 4, 100);
+    reevaluate(row.tables, row.map, false, 0, 3, row.table);
+    EXPECT_EQ(row.reach(1, 5), 47);
 }
 
 TEST(Evalnets, FillsTheTableOfTheRunUnderTheBusyPointer)
