@@ -44,6 +44,9 @@ void radiocoverage();
 void visualcoverage();
 void performancereport();
 
+/// Draws the nets after a change while "Affichage automatique des réseaux" is checked; takes the
+/// check mark off when that took longer than a user wants to wait each time.
+void autodrawnets();
 void showhidetoolbar();
 void showhidestatusbar();
 void followmouse();

@@ -103,9 +103,12 @@ static void editpicture(OpenPicture* picture)
 {
     newpic = picture == nullptr;
     frmPicPro(picture ? &picture->data : nullptr, mainwindow).exec();
-    if (opbusy > 0)
+    const bool draw = opbusy > 0;
+    if (draw)
         drawmap(picture, true);
     newpic = false;
+    if (draw)
+        autodrawnets();
 }
 
 void newpicture()

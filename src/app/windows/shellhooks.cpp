@@ -59,6 +59,11 @@ void fillhooks()
             mainwindow->Picture2->setprogress(percent);
     };
     connectpictures();
+    hooks.drawmap = [draw = hooks.drawmap](const std::string& name) {
+        draw(name);
+        if (mainwindow)
+            autodrawnets();
+    };
     connectpicturewindows([](QWidget* picture) {
         if (mainwindow)
             mainwindow->addpicture(picture);

@@ -13,6 +13,7 @@
 #include "engine/lr.h"
 #include "network/netfile.h"
 #include "pictures/paint/cursor.h"
+#include "pictures/paint/movestation.h"
 #include "terrain/mapfile.h"
 #include "terrain/mapgrid.h"
 
@@ -107,6 +108,7 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     }
     auto window = std::make_unique<frmMain>();
     mainwindow = window.get();
+    window->timersteps.emplace_back(redrawmoved);
     window->winddown_s = options.winddown_s;
     window->setEnabled(false);
     window->setWindowIcon(QIcon(QStringLiteral(":/icons/velmora.svg")));

@@ -7,9 +7,11 @@
 #include "app/windows/toolbar.h"
 #include "coverage/windows/frmCoverage.h"
 #include "coverage/windows/frmVisual.h"
+#include "pictures/paint/overlay.h"
 #include "pictures/windows/frmPic.h"
 #include "reports/windows/frmReport.h"
 
+#include <QElapsedTimer>
 #include <QMdiArea>
 
 /// The active picture is the one that coverages are painted on.
@@ -34,6 +36,18 @@ void visualcoverage()
 void performancereport()
 {
     showreport(mainwindow);
+}
+
+void autodrawnets()
+{
+    constexpr qint64 longest_ms = 5000;
+    if (!mainwindow->checked("mnuViewAuto"))
+        return;
+    QElapsedTimer clock;
+    clock.start();
+    drawnets();
+    if (clock.elapsed() > longest_ms)
+        mainwindow->setchecked("mnuViewAuto", false);
 }
 
 void showhidetoolbar()

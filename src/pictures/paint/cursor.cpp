@@ -7,7 +7,11 @@
 #include "pictures/georeference.h"
 #include "terrain/mapgrid.h"
 
+#include <algorithm>
+#include <cmath>
+
 Cursor cursor;
+StereoPosition stereopos;
 
 namespace
 {
@@ -43,7 +47,62 @@ void placehairs(OpenPicture& picture)
     picturehooks.picturechanged(picture, {});
 }
 
+/// A column or row as degrees between two edges of the map; `fallback` where it has only one.
+float alongmap(int index, int last, float from, float to, float fallback)
+{
+    if (last < 1)
+        return fallback;
+    const double fraction = static_cast<double>(index) / last;
+    const double span = static_cast<double>(to) - static_cast<double>(from);
+    return static_cast<float>(fraction * span + static_cast<double>(from));
+}
+
+/// The pair of boxes, and a frame one pixel outside each.
+std::array<QRect, 4> stereoboxes(const StereoPosition& at)
+{
+    constexpr int half = 4; // pixels from a box's middle to its edge
+    constexpr int side = 2 * half + 1;
+    const int x = static_cast<int>(std::floor(at.x));
+    const int top = static_cast<int>(std::floor(at.y)) - half;
+    const int right = static_cast<int>(std::floor((at.d + 1) / 2));
+    const int left = static_cast<int>(std::floor(at.d / 2));
+    const QRect box0(right + x - half, top, side, side);
+    const QRect box1(x - left - half, top, side, side);
+    return {box0, box1, box0.adjusted(-1, -1, 1, 1), box1.adjusted(-1, -1, 1, 1)};
+}
+
 } // namespace
+
+void stepcursor(int columns, int rows)
+{
+    const auto& maplon = mapgrid.maplon;
+    const auto& maplat = mapgrid.maplat;
+    const float lon = columns == 0 ? cursor.lon
+                                   : alongmap(cursor.x + columns, mapgrid.upperx(), maplon[0],
+                                              maplon[1], cursor.lon);
+    const float lat =
+        rows == 0 ? cursor.lat
+                  : alongmap(cursor.y + rows, mapgrid.uppery(), maplat[2], maplat[1], cursor.lat);
+    movecursor(lon, lat);
+}
+
+void stereocursor(OpenPicture& picture, float x, float y, float change, bool relative)
+{
+    constexpr float nearest = 30;
+    constexpr float farthest = -10;
+    std::array<QRect, 4> boxes;
+    if (picture.data.isstereo()) {
+        stereopos.x = relative ? stereopos.x + x : x;
+        stereopos.y = relative ? stereopos.y + y : y;
+        if (relative)
+            stereopos.d = std::clamp(stereopos.d + change, farthest, nearest);
+        boxes = stereoboxes(stereopos);
+    }
+    if (picture.marks.Shape1 == boxes)
+        return;
+    picture.marks.Shape1 = boxes;
+    picturehooks.picturechanged(picture, {});
+}
 
 void hidecursor(OpenPicture& picture)
 {

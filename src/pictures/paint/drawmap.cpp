@@ -121,7 +121,8 @@ OpenPicture* drawmap(OpenPicture* picture, bool commit)
     picture->enabled = false;
     if (commit)
         clearsurface(picture->surface);
-    picture->marks = {};
+    hidemarks(picture->marks);
+    picture->marks.stations = {};
     const QSize size(std::max(mapgrid.width, 1), std::max(mapgrid.height, 1));
     if (picture->surface.kept.size() != size)
         resizepicture(*picture, size.width(), size.height());

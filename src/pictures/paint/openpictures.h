@@ -26,8 +26,17 @@ struct PictureMarks {
     QLine vertical, horizontal;
     bool Shape2 = false; ///< the selection is shown
     QRect selection;
+    std::array<QRect, 4> Shape1; ///< boxes of the stereo cursor; an empty one is hidden
     std::array<StationMark, MAXUNIT + 1> stations;
 };
+
+/// Hides hairs, selection, and the stereo cursor but for its first box. Hairs and selection keep
+/// their places.
+void hidemarks(PictureMarks& marks);
+
+/// The station whose icon, label or cross lies at a pixel; the one on top where there are several;
+/// 0: none.
+int stationat(const PictureMarks& marks, const QPoint& at);
 
 /// An open picture: its data, its surface, and the marks over it. A window shows it; everything
 /// that draws works on it without one.
@@ -60,6 +69,8 @@ struct PictureHooks {
                                                                         const QRect&) {};
     /// The geographic cursor moved.
     std::function<void()> cursormoved = [] {};
+    /// A station was moved by hand: it stays there (`settled`), or is still on its way.
+    std::function<void(int unit, bool settled)> stationmoved = [](int, bool) {};
     /// The picture is about to leave the list.
     std::function<void(OpenPicture&)> closewindow = [](OpenPicture&) {};
 };

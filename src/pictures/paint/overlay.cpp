@@ -165,27 +165,51 @@ void drawstation(OpenPicture& picture, int number)
         [station](QPainter& painter) { paintstation(station, painter); });
 }
 
-void drawpair(int a, int b, int lineclass)
-{
-    const bool opaque = (selection.linestyle[2] & 1) != 0;
-    for (const auto& picture : openpictures) {
-        if (!isflat(*picture))
-            continue;
-        const auto from = placeof(*picture, unitat(a));
-        const auto to = placeof(*picture, unitat(b));
-        if (from && to)
-            drawlink(*picture, QLineF(*from, *to), lineclass, opaque);
-    }
-}
+/// A pair with a line, and its class.
+struct DrawnLink {
+    int a, b;
+    int lineclass;
+};
 
-void drawlinks()
+std::vector<DrawnLink> drawnlinks()
 {
+    std::vector<DrawnLink> links;
     for (int a = 1; a < MAXUNIT; ++a)
         for (int b = a + 1; b <= MAXUNIT; ++b) {
             const int best = lineclass(network, quality, selection.linestyle, a, b);
             if (best > 0)
-                drawpair(a, b, best);
+                links.push_back({a, b, best});
         }
+    return links;
+}
+
+void drawlinks(OpenPicture& picture, const std::vector<DrawnLink>& links)
+{
+    const bool opaque = (selection.linestyle[2] & 1) != 0;
+    for (const DrawnLink& link : links) {
+        const auto from = placeof(picture, unitat(link.a));
+        const auto to = placeof(picture, unitat(link.b));
+        if (from && to)
+            drawlink(picture, QLineF(*from, *to), link.lineclass, opaque);
+    }
+}
+
+/// Takes the drawing off a picture, and with it the stations that the mouse could hit.
+void clearoverlay(OpenPicture& picture)
+{
+    erase(picture.surface);
+    picture.marks.stations = {};
+}
+
+void paintnets(OpenPicture& picture, const std::vector<DrawnLink>& links)
+{
+    if (!isflat(picture))
+        return;
+    clearoverlay(picture);
+    drawlinks(picture, links);
+    for (int i = 1; i <= MAXUNIT; ++i)
+        drawstation(picture, i);
+    picturehooks.picturechanged(picture, {});
 }
 
 /// A map was read: what stands in for a missing one is level and lies at 0.
@@ -224,8 +248,8 @@ QColor colorof(std::int32_t colour)
 void erasenets()
 {
     for (const auto& picture : openpictures) {
-        picture->marks = {};
-        erase(picture->surface);
+        clearoverlay(*picture);
+        hidemarks(picture->marks);
         picturehooks.picturechanged(*picture, {});
     }
 }
@@ -237,7 +261,7 @@ void drawstations(int unit, bool clear)
         if (!isflat(*picture))
             continue;
         if (clear)
-            erase(picture->surface);
+            clearoverlay(*picture);
         for (int i = one ? unit : 1; i <= (one ? unit : MAXUNIT); ++i)
             drawstation(*picture, i);
         picturehooks.picturechanged(*picture, {});
@@ -253,7 +277,7 @@ void linkoverlay(int a, int b, const QColor& colour)
         const auto to = placeof(*picture, unitat(b));
         if (!from || !to)
             continue;
-        erase(picture->surface);
+        clearoverlay(*picture);
         picture->surface.over.emplace_back([lines = arrow(*from, *to), colour](QPainter& painter) {
             painter.setRenderHint(QPainter::Antialiasing);
             for (const QLineF& line : lines)
@@ -266,6 +290,18 @@ void linkoverlay(int a, int b, const QColor& colour)
     drawstations(b, false);
 }
 
+void paintnets()
+{
+    const std::vector<DrawnLink> links = drawnlinks();
+    for (const auto& picture : openpictures)
+        paintnets(*picture, links);
+}
+
+void paintnets(OpenPicture& picture)
+{
+    paintnets(picture, drawnlinks());
+}
+
 void drawnets()
 {
     constexpr float firsttoplevel = 2000; // m
@@ -275,8 +311,7 @@ void drawnets()
     evalnets(false);
     hooks.busypointer(true);
     raisetoplevel();
-    drawlinks();
-    drawstations(0, false);
+    paintnets();
     if (interf == 1)
         hooks.setlabel2("Mode de propagation interférence");
     hooks.busypointer(false);

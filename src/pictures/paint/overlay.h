@@ -30,6 +30,11 @@ void drawstations(int unit, bool clear);
 /// over it.
 void linkoverlay(int a, int b, const QColor& colour);
 
+/// Draws links and stations on every picture, or on one, from the table of the last evaluation, in
+/// place of what was drawn over it. Hairs and selection stay.
+void paintnets();
+void paintnets(OpenPicture& picture);
+
 /// Evaluates the active nets and draws links and stations on every picture.
 void drawnets();
 

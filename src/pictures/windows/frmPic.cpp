@@ -6,6 +6,8 @@
 #include "pictures/georeference.h"
 #include "pictures/layout.h"
 #include "pictures/paint/cursor.h"
+#include "pictures/paint/zoom.h"
+#include "pictures/windows/stationmouse.h"
 #include "pictures/windows/surfaceview.h"
 
 #include <QCloseEvent>
@@ -53,6 +55,7 @@ QScrollBar* makebar(Qt::Orientation orientation, const QString& name, QWidget* p
 
 frmPic::frmPic(OpenPicture& shown, QWidget* parent)
     : QWidget(parent), entry(&shown), Picture1(new SurfaceView(shown, this)),
+      stations(new StationMouse(shown, Picture1)),
       HScroll1(makebar(Qt::Horizontal, QStringLiteral("HScroll1"), this)),
       VScroll1(makebar(Qt::Vertical, QStringLiteral("VScroll1"), this)), Picture2(new QWidget(this))
 {
@@ -66,6 +69,12 @@ frmPic::frmPic(OpenPicture& shown, QWidget* parent)
     Picture2->hide();
     connect(Picture1, &SurfaceView::pressed, this, &frmPic::surfacepressed);
     connect(Picture1, &SurfaceView::moved, this, &frmPic::surfacemoved);
+    connect(Picture1, &SurfaceView::released, this,
+            [this](const QMouseEvent* event) { stations->released(*event); });
+    connect(Picture1, &SurfaceView::doubleclicked, this, [this](QMouseEvent* event) {
+        if (entry != nullptr && !stations->doubleclicked(*event))
+            surfacepressed(event);
+    });
     connect(Picture1, &SurfaceView::focused, this, &frmPic::surfacefocused);
     connect(HScroll1, &QScrollBar::valueChanged, this,
             [this](int value) { Picture1->move(-value, Picture1->y()); });
@@ -132,6 +141,7 @@ void frmPic::refresh(const QRect& part)
 
 void frmPic::release()
 {
+    stations->settle();
     entry = nullptr;
     Picture1->release();
 }
@@ -166,10 +176,12 @@ void frmPic::closeEvent(QCloseEvent* event)
 
 void frmPic::surfacefocused(bool on)
 {
-    if (!on)
+    if (!on) {
         inFocus = false;
-    else if (entry != nullptr && opbusy == 0)
+        stations->settle();
+    } else if (entry != nullptr && opbusy == 0) {
         hooks.setlabel2(entry->data.source);
+    }
 }
 
 void frmPic::startselection(const QPoint& at)
@@ -182,21 +194,46 @@ void frmPic::startselection(const QPoint& at)
 
 void frmPic::surfacepressed(QMouseEvent* event)
 {
-    if (entry == nullptr)
+    if (entry == nullptr || stations->pressed(*event))
         return;
     inFocus = true;
     const QPoint at = event->position().toPoint();
-    const auto position = positionat(entry->data, at);
-    if (!position)
-        return;
-    const bool rightonselection = entry->marks.Shape2 && event->button() == Qt::RightButton;
-    if (rightonselection) {
-        if (event->modifiers().testFlag(Qt::ShiftModifier))
-            dragselection(at);
-        return;
+    pictureclicked(at, event->button() == Qt::RightButton,
+                   event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void frmPic::pictureclicked(const QPoint& at, bool right, bool shift)
+{
+    if (const auto position = positionat(entry->data, at)) {
+        if (entry->marks.Shape2 && right) {
+            if (shift) {
+                dragselection(at);
+                showplace(at);
+            }
+            if (shift || !offerzoom(at))
+                return;
+        }
+        startselection(at);
+        movecursor(position->lon, position->lat);
     }
-    startselection(at);
-    movecursor(position->lon, position->lat);
+    if (opbusy == 0)
+        stereocursor(*entry, static_cast<float>(at.x()), static_cast<float>(at.y()), 0, false);
+}
+
+/// Asks whether the selection shall become a picture of its own, when the press lies in it. True
+/// when it did.
+bool frmPic::offerzoom(const QPoint& at)
+{
+    const QRect part = entry->marks.selection;
+    const QRect withedges = part.adjusted(0, 0, 1, 1);
+    if (!withedges.contains(at))
+        return false;
+    const Answer answer = hooks.askuser({"Créer une image \"zoom\" à partir de la sélection?",
+                                         Question::Buttons::yesno, Question::Icon::question});
+    if (answer != Answer::yes || entry == nullptr)
+        return false;
+    zoompicture(*entry, part);
+    return true;
 }
 
 void frmPic::dragselection(const QPoint& at)
@@ -221,10 +258,20 @@ void frmPic::surfacemoved(QMouseEvent* event)
 {
     if (entry == nullptr)
         return;
+    if (stations->dragged(*event))
+        return;
+    if (event->buttons() == Qt::NoButton)
+        stations->showpointer(event->position());
     const QPoint at = event->position().toPoint();
     if (event->buttons() != Qt::NoButton && inFocus && entry->data.Pictype < pictype::view3d &&
         opbusy == 0)
         dragselection(at);
+    showplace(at);
+}
+
+/// Tells in the status line where the mouse is, and how large the selection.
+void frmPic::showplace(const QPoint& at)
+{
     std::string text;
     if (mousecoordinates) {
         if (auto position = positionat(entry->data, at))
@@ -243,29 +290,46 @@ void frmPic::movehairs(int dx, int dy)
         movecursor(position->lon, position->lat);
 }
 
+void frmPic::steparrow(int dx, int dy)
+{
+    if (entry->data.Pictype == pictype::view3d)
+        stepcursor(dx, -dy);
+    else
+        movehairs(dx, dy);
+    stereoathairs();
+}
+
+void frmPic::stereoathairs()
+{
+    if (opbusy == 0)
+        stereocursor(*entry, static_cast<float>(entry->marks.vertical.x1()),
+                     static_cast<float>(entry->marks.horizontal.y1()), 0, false);
+}
+
 void frmPic::keyPressEvent(QKeyEvent* event)
 {
     if (entry == nullptr)
         return;
-    switch (event->key()) {
-    case Qt::Key_Escape:
+    const bool keypad = event->modifiers().testFlag(Qt::KeypadModifier);
+    const int key = event->key();
+    if (key == Qt::Key_Escape) {
+        if (stations->escape())
+            return;
         if (opbusy > 0)
             opbusy = 0;
         hidecursor(*entry);
-        break;
-    case Qt::Key_Left:
-        movehairs(-1, 0);
-        break;
-    case Qt::Key_Right:
-        movehairs(1, 0);
-        break;
-    case Qt::Key_Up:
-        movehairs(0, -1);
-        break;
-    case Qt::Key_Down:
-        movehairs(0, 1);
-        break;
-    default:
+    } else if (key == Qt::Key_Left) {
+        steparrow(-1, 0);
+    } else if (key == Qt::Key_Right) {
+        steparrow(1, 0);
+    } else if (key == Qt::Key_Up) {
+        steparrow(0, -1);
+    } else if (key == Qt::Key_Down) {
+        steparrow(0, 1);
+    } else if (keypad && (key == Qt::Key_Plus || key == Qt::Key_Minus)) {
+        stereocursor(*entry, 0, 0, key == Qt::Key_Plus ? 1.0F : -1.0F, true);
+    } else {
+        stereoathairs();
         QWidget::keyPressEvent(event);
     }
 }

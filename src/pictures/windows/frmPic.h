@@ -8,6 +8,7 @@
 #include <functional>
 
 class QScrollBar;
+class StationMouse;
 class SurfaceView;
 
 /// The status line follows the mouse over pictures ("Coordonnées de la souris").
@@ -44,10 +45,15 @@ protected:
 private:
     void surfacepressed(QMouseEvent* event);
     void surfacemoved(QMouseEvent* event);
+    void pictureclicked(const QPoint& at, bool right, bool shift);
+    bool offerzoom(const QPoint& at);
     void surfacefocused(bool on);
     void startselection(const QPoint& at);
     void dragselection(const QPoint& at);
+    void showplace(const QPoint& at);
     void movehairs(int dx, int dy);
+    void steparrow(int dx, int dy);
+    void stereoathairs();
     void draggedgrip(const QPoint& by);
     void paintgrip();
     /// The window that has the frame: in the main window the one around this widget.
@@ -55,6 +61,7 @@ private:
 
     OpenPicture* entry;
     SurfaceView* Picture1;
+    StationMouse* stations;
     QScrollBar* HScroll1;
     QScrollBar* VScroll1;
     QWidget* Picture2; ///< grip between the bars

@@ -25,6 +25,19 @@ void painthair(const QLine& hair, QPainter& painter)
     paintdashed(QPolygonF({middle.p1(), middle.p2()}), painter);
 }
 
+/// One of each pair for either eye, through red and blue glasses, in a frame that shows on all
+/// colours.
+void paintstereo(const std::array<QRect, 4>& boxes, QPainter& painter)
+{
+    const std::array<QColor, 4> colours{Qt::red, Qt::cyan, Qt::black, Qt::black};
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        if (boxes[i].isEmpty())
+            continue;
+        painter.setPen(QPen(colours[i], 1));
+        painter.drawRect(QRectF(boxes[i]).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+}
+
 void paintmarks(const PictureMarks& marks, QPainter& painter)
 {
     if (marks.Line1)
@@ -33,6 +46,7 @@ void paintmarks(const PictureMarks& marks, QPainter& painter)
         painthair(marks.horizontal, painter);
     if (marks.Shape2)
         paintdashed(QRectF(marks.selection).adjusted(0.5, 0.5, -0.5, -0.5), painter);
+    paintstereo(marks.Shape1, painter);
 }
 
 } // namespace
@@ -66,6 +80,16 @@ void SurfaceView::mousePressEvent(QMouseEvent* event)
 void SurfaceView::mouseMoveEvent(QMouseEvent* event)
 {
     emit moved(event);
+}
+
+void SurfaceView::mouseReleaseEvent(QMouseEvent* event)
+{
+    emit released(event);
+}
+
+void SurfaceView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    emit doubleclicked(event);
 }
 
 void SurfaceView::focusInEvent(QFocusEvent* event)

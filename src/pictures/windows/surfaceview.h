@@ -18,6 +18,8 @@ public:
 signals:
     void pressed(QMouseEvent* event);
     void moved(QMouseEvent* event);
+    void released(QMouseEvent* event);
+    void doubleclicked(QMouseEvent* event);
     /// The surface got or lost the keyboard.
     void focused(bool on);
 
@@ -25,6 +27,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 

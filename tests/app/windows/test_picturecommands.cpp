@@ -1,8 +1,11 @@
 #include "app/base/operation.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "network/tables.h"
+#include "pictures/paint/movestation.h"
 #include "pictures/paint/openpictures.h"
 #include "pictures/windows/frmPic.h"
+#include "radio/evaluate.h"
 #include "terrain/mapgrid.h"
 
 #include <QAction>
@@ -71,6 +74,35 @@ TEST_F(PictureCommands, ApplyingDrawsTheActivePictureAnew)
     EXPECT_EQ(openpictures[0]->data.Pictype, pictype::map);
     EXPECT_EQ(openpictures[0]->data.maxx, 77);
     EXPECT_EQ(openpictures[0]->data.scalewidth, 40);
+}
+
+TEST_F(PictureCommands, DrawingAPictureAnewBringsTheStationsBack)
+{
+    addpicture("/images/vue.bmp");
+    mapgrid.maplon = {7, 8, 8, 7};
+    mapgrid.maplat = {45, 45, 44, 44};
+    network.units[3].lon = 7.5F;
+    network.units[3].lat = 44.5F;
+    answer("mnuFilePicPro", "Propriétés de ..\\vue.bmp", "apply");
+    EXPECT_TRUE(openpictures[0]->marks.stations[3].visible);
+    window->setchecked("mnuViewAuto", false);
+    answer("mnuFilePicPro", "Propriétés de ..\\vue.bmp", "apply");
+    EXPECT_FALSE(openpictures[0]->marks.stations[3].visible);
+}
+
+TEST_F(PictureCommands, TheTimerDrawsTheNetsOnceAStationHasMoved)
+{
+    addpicture("/images/vue.bmp");
+    mapgrid.maplon = {7, 8, 8, 7};
+    mapgrid.maplat = {45, 45, 44, 44};
+    answer("mnuFilePicPro", "Propriétés de ..\\vue.bmp", "apply");
+    network.units[3].lon = network.units[4].lon = 7.25F;
+    network.units[3].lat = network.units[4].lat = 44.5F;
+    selection.curunit = 4;
+    moveunit(7.5F, 44.5F);
+    EXPECT_FALSE(openpictures[0]->marks.stations[3].visible);
+    EXPECT_TRUE(QTest::qWaitFor([] { return openpictures[0]->marks.stations[3].visible; }, 2000));
+    EXPECT_FALSE(moved);
 }
 
 TEST_F(PictureCommands, CancellingLeavesTheActivePicture)

@@ -1,67 +1,25 @@
-#include "pictures/paint/cursor.h"
-#include "pictures/paint/drawmap.h"
-#include "pictures/paint/picturetest.h"
-#include "pictures/windows/frmPic.h"
+#include "picturewindowtest.h"
 
-#include <QApplication>
-#include <QPointer>
 #include <QScrollBar>
-#include <QTest>
 
 namespace
 {
 
-class FrmPic : public PictureTest
+class FrmPic : public PictureWindowTest
 {
 protected:
-    void SetUp() override
-    {
-        PictureTest::SetUp();
-        makemap(301, 201);
-        connectpicturewindows([this](QWidget* made) {
-            ++windowsmade;
-            made->resize(400, 300);
-        });
-        picture = drawmap(nullptr, true);
-        window = windowof(*picture);
-        ASSERT_NE(window, nullptr);
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-        surface = window->findChild<QWidget*>(QStringLiteral("Picture1"));
-        cursor = {};
-    }
-
-    void TearDown() override
-    {
-        PictureTest::TearDown();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        mousecoordinates = false;
-    }
-
     QScrollBar* bar(const char* name) const
     {
         return window->findChild<QScrollBar*>(QString::fromLatin1(name));
     }
 
-    void drag(const QPoint& from, const QPoint& to)
+    /// A selection, and a right press.
+    void rightpress(const QPoint& at, Qt::KeyboardModifiers keys = {}) const
     {
-        QTest::mousePress(surface, Qt::LeftButton, {}, from);
-        QMouseEvent move(QEvent::MouseMove, to, surface->mapToGlobal(QPointF(to)), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(surface, &move);
-        QTest::mouseRelease(surface, Qt::LeftButton, {}, to);
+        QTest::mouseClick(surface, Qt::RightButton, keys, at);
     }
 
-    void hover(const QPoint& at)
-    {
-        QMouseEvent move(QEvent::MouseMove, at, surface->mapToGlobal(QPointF(at)), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(surface, &move);
-    }
-
-    OpenPicture* picture = nullptr;
-    QPointer<frmPic> window;
-    QWidget* surface = nullptr;
-    int windowsmade = 0;
+    const std::string zoomquestion = "Créer une image \"zoom\" à partir de la sélection?";
 };
 
 } // namespace
@@ -185,10 +143,10 @@ TEST_F(FrmPic, SmallDragsAreNoSelection)
 TEST_F(FrmPic, TheStatusLineFollowsTheMouseWhenItIsTo)
 {
     label2 = "before";
-    hover(QPoint(150, 100));
+    move(QPoint(150, 100));
     EXPECT_EQ(label2, "before");
     mousecoordinates = true;
-    hover(QPoint(150, 100));
+    move(QPoint(150, 100));
     EXPECT_EQ(label2, "007°45'00\"E  44°30'00\"N");
 }
 
@@ -242,4 +200,92 @@ TEST_F(FrmPic, StationsAppearInTheWindow)
     erasenets();
     EXPECT_EQ(surface->grab().toImage().convertToFormat(QImage::Format_RGB32),
               picture->surface.kept);
+}
+
+TEST_F(FrmPic, ARightPressOnTheSelectionOffersToMagnifyIt)
+{
+    drag(QPoint(10, 20), QPoint(60, 90));
+    answers = {Answer::yes};
+    rightpress(QPoint(60, 90)); // the edge belongs to it
+    EXPECT_THAT(questions, testing::ElementsAre(zoomquestion));
+    ASSERT_EQ(openpictures.size(), 2U);
+    const Picture& zoom = openpictures[1]->data;
+    EXPECT_EQ(zoom.source, "Zoom de " + picture->data.source);
+    EXPECT_FLOAT_EQ(zoom.lon[0], 7.05F);
+    EXPECT_FLOAT_EQ(zoom.lon[2], 7 + 59 * 0.005F);
+    EXPECT_FALSE(picture->marks.Shape2);
+    EXPECT_FLOAT_EQ(cursor.lon, 7.3F); // the press went on as any other
+    EXPECT_TRUE(openpictures[1]->surface.width() > 100);
+}
+
+TEST_F(FrmPic, WithoutAgreementTheSelectionStays)
+{
+    drag(QPoint(10, 20), QPoint(60, 90));
+    const float lon = cursor.lon;
+    answers = {Answer::no};
+    rightpress(QPoint(30, 40));
+    EXPECT_EQ(openpictures.size(), 1U);
+    EXPECT_TRUE(picture->marks.Shape2);
+    EXPECT_EQ(cursor.lon, lon);
+}
+
+TEST_F(FrmPic, ARightPressBesideTheSelectionDoesNothing)
+{
+    drag(QPoint(10, 20), QPoint(60, 90));
+    rightpress(QPoint(61, 40));
+    EXPECT_TRUE(picture->marks.Shape2);
+    EXPECT_TRUE(questions.empty());
+}
+
+TEST_F(FrmPic, WithShiftARightPressExtendsTheSelection)
+{
+    drag(QPoint(10, 20), QPoint(60, 90));
+    rightpress(QPoint(110, 100), Qt::ShiftModifier);
+    EXPECT_EQ(picture->marks.selection, QRect(10, 20, 100, 80));
+    EXPECT_EQ(label2, " Sélection L=100 H=80");
+}
+
+TEST_F(FrmPic, ARightPressWithoutASelectionMovesTheCursor)
+{
+    rightpress(QPoint(50, 50));
+    EXPECT_FLOAT_EQ(cursor.lon, 7.25F);
+}
+
+TEST_F(FrmPic, ArrowKeysWalkTheMapOn3DPictures)
+{
+    movecursor(7.75F, 44.5F);
+    picture->data.Pictype = pictype::view3d;
+    QTest::keyClick(surface, Qt::Key_Right);
+    EXPECT_EQ(cursor.x, 151);
+    QTest::keyClick(surface, Qt::Key_Up);
+    EXPECT_EQ(cursor.y, 101);
+    QTest::keyClick(surface, Qt::Key_Left);
+    QTest::keyClick(surface, Qt::Key_Down);
+    EXPECT_EQ(cursor.x, 150);
+    EXPECT_EQ(cursor.y, 100);
+}
+
+TEST_F(FrmPic, KeysAndPressesMoveTheCursorOfStereoPictures)
+{
+    picture->data.source = "Stereo";
+    stereopos = {};
+    QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(50, 40));
+    EXPECT_EQ(picture->marks.Shape1[0], QRect(46, 36, 9, 9));
+    EXPECT_FALSE(picture->marks.Line1);
+    QTest::keyClick(surface, Qt::Key_Plus, Qt::KeypadModifier);
+    QTest::keyClick(surface, Qt::Key_Plus, Qt::KeypadModifier);
+    QTest::keyClick(surface, Qt::Key_Minus, Qt::KeypadModifier);
+    EXPECT_EQ(stereopos.d, 1);
+    EXPECT_EQ(picture->marks.Shape1[0].left(), 47);
+    EXPECT_EQ(picture->marks.Shape1[1].left(), 46);
+    QTest::keyClick(surface, Qt::Key_Right); // the hairs lie there, hidden
+    EXPECT_EQ(stereopos.x, 51);
+    QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(50, 40));
+    movecursor(7.5F, 44.5F);
+    QTest::keyClick(surface, Qt::Key_Space);
+    EXPECT_EQ(stereopos.x, 100);
+    EXPECT_EQ(stereopos.y, 100);
+    opbusy = 1;
+    QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(50, 40));
+    EXPECT_EQ(stereopos.x, 100);
 }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "network/tables.h"
+
+/// Puts a station at a position, degrees, on the ground of the map; off the map it lies at 0 m.
+void placeunit(int unit, float lon, float lat);
+
+/// Puts the current station (`selection.curunit`) at a position, degrees, and draws it alone; the
+/// main timer draws the nets again.
+void moveunit(float lon, float lat);
+
+/// A step of the main timer: draws the nets again when a station has moved and nothing else runs.
+void redrawmoved();
+
+/// A station that the mouse carries, as it was before.
+struct StationDrag {
+    int unit = 0;
+    Unit before;
+    bool wasdirty = false;
+};
+
+/// Evaluates the nets, so that carrying the station need only look at its own links.
+StationDrag begindrag(int unit);
+/// Takes the station to a position, degrees, with its links evaluated and coloured anew on every
+/// picture. The network counts as changed.
+void dragunit(const StationDrag& drag, float lon, float lat);
+/// Puts the station back where it was.
+void putback(const StationDrag& drag);

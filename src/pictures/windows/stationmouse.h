@@ -1,0 +1,67 @@
+#pragma once
+
+#include "pictures/paint/movestation.h"
+#include "pictures/paint/openpictures.h"
+
+#include <QObject>
+#include <QPointF>
+
+#include <functional>
+#include <optional>
+
+class QMouseEvent;
+class QWidget;
+
+/// What the mouse on a station opens. Harmless by default.
+struct PictureWindowHooks {
+    /// Opens the editor of the current station, `selection.curunit`.
+    std::function<void()> editstation = [] {};
+    /// Shows the radio link of two stations that differ.
+    std::function<void(int a, int b)> showlink = [](int, int) {};
+};
+extern PictureWindowHooks picturewindowhooks;
+
+/// The ends of a link as presses with shift have picked them; 0: not yet.
+struct PickedEnds {
+    int first = 0, second = 0;
+};
+extern PickedEnds pickedends;
+
+/// The mouse on the stations of one picture: a double click edits a station, a press with shift
+/// makes it an end of a link, a right press offers to move it to the cursor, a left drag carries it
+/// with its links evaluated on the way. What it takes, nobody else gets.
+class StationMouse : public QObject
+{
+    Q_OBJECT
+public:
+    /// view: where the picture is shown; one unit is a pixel of the picture.
+    StationMouse(OpenPicture& picture, QWidget* view);
+
+    /// Each is true when the event was for a station.
+    bool pressed(const QMouseEvent& event);
+    bool doubleclicked(const QMouseEvent& event);
+    bool dragged(const QMouseEvent& event);
+    bool released(const QMouseEvent& event);
+    /// Puts a station that is being carried back where it was; false when none is.
+    bool escape();
+    /// Leaves a station that is being carried where it is.
+    void settle();
+
+    /// The pointer tells whether a station can be grabbed at a place.
+    void showpointer(const QPointF& at);
+
+private:
+    void carry();
+    void pickend(int unit, Qt::MouseButton button);
+    void offermoving(int unit);
+
+    OpenPicture& shown;
+    QWidget* surface;
+    int held = 0; ///< station under the button since its press; 0: none
+    bool given = false;
+    QPointF pressedat;
+    QPointF grip;   ///< from the station to the mouse
+    QPointF wanted; ///< where the mouse is; moves that come faster than the drawing fall together
+    bool pending = false;
+    std::optional<StationDrag> drag;
+};
