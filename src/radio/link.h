@@ -15,6 +15,9 @@ struct Link {
     LRRecord record{};
     double gain12 = 0; ///< system gain from left to right, dB
     double gain21 = 0; ///< and from right to left
+
+    /// Loss to sample i, dB; 0: none.
+    double lossat(int i) const { return losses[static_cast<std::size_t>(i) + 3]; }
 };
 extern Link currentlink;
 

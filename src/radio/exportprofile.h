@@ -1,0 +1,23 @@
+#pragma once
+
+#include "radio/linkstudy.h"
+
+#include <string>
+
+/// Intervals of a profile that are too few for its file.
+inline constexpr int fewintervals = 2;
+
+/// The file of a profile, UTF-8 with CR LF: an index of the values, the values, and a line per
+/// sample. Frequency 0 stands for a link without a net.
+///   study    the link, for its names, antennas and frequency
+///   profile  bare terrain with the stations' elevations at its ends
+std::string profiletext(const LinkStudy& study, const Profile& profile);
+
+/// Studies a link and writes its profile to a text file in Windows-1252. A profile of two intervals
+/// or less has no file.
+///   net  0 or less: with the default antenna heights, and no frequency
+///   why  receives the reason, in English, where no file was written
+/// True when the file was written.
+bool exportprofile(const std::string& filename, const NetworkTables& tables, const MapGrid& map,
+                   int a, int b, int net, const AnalysisOptions& options,
+                   std::string* why = nullptr);

@@ -1,0 +1,165 @@
+#include "radio/paint/profileaxes.h"
+
+#include "app/base/numbers.h"
+#include "radio/earth.h"
+#include "radio/paint/graphstyle.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace
+{
+/// Least distance of ticks, in heights and widths of the font.
+constexpr double tickrows = 2.4;
+constexpr double tickcolumns = 7;
+constexpr double ticklength = 4; // pixels
+constexpr double tickgap = 2;
+/// Texts over the earth's dark body.
+constexpr QColor lightink{232, 235, 240};
+
+/// Elevations that have a tick: those of a row of round numbers that leave room for the unit and
+/// the names above.
+struct ElevationTicks {
+    double step = 0;
+    std::vector<double> values;
+};
+
+ElevationTicks elevationticks(const LinkStudy& study, const QSizeF& size, double row_px)
+{
+    const GraphScale scale = profilescale(study);
+    const double most = size.height() / (row_px * tickrows);
+    ElevationTicks ticks{tickstep(std::abs(scale.height), most), {}};
+    if (!(ticks.step > 0))
+        return ticks;
+    const double low = drawnheights(study).low;
+    for (double k = std::ceil(low / ticks.step);; ++k) {
+        const double value = k * ticks.step;
+        if (scale.at(0, value, size).y() < textband + 1.6 * row_px)
+            return ticks;
+        ticks.values.push_back(value);
+    }
+}
+
+/// Text at the left of the axis, made narrower where the margin is.
+void paintelevation(double right, double y, const QString& text, QPainter& painter)
+{
+    const QFontMetricsF metrics(painter.font());
+    const double width = metrics.horizontalAdvance(text);
+    const double room = right - 1;
+    painter.save();
+    painter.translate(right, y);
+    if (width > room)
+        painter.scale(std::max(room / width, 0.6), 1);
+    painttext(QRectF(-width, -metrics.height() / 2, width, metrics.height()), Qt::AlignRight, text,
+              painter);
+    painter.restore();
+}
+
+void paintheights(const LinkStudy& study, const QSizeF& size, QPainter& painter)
+{
+    const GraphScale scale = profilescale(study);
+    const double row_px = QFontMetricsF(painter.font()).height();
+    const ElevationTicks ticks = elevationticks(study, size, row_px);
+    const double axis = scale.at(0, 0, size).x();
+    painter.setPen(QPen(axisink, 1));
+    double highest = size.height();
+    for (const double value : ticks.values) {
+        const double y = scale.at(0, value, size).y();
+        painter.drawLine(QPointF(axis - ticklength, y), QPointF(axis, y));
+        paintelevation(axis - ticklength - tickgap, y, ticktext(value, ticks.step), painter);
+        highest = y;
+    }
+    if (!ticks.values.empty())
+        paintelevation(axis - ticklength - tickgap, highest - row_px, QStringLiteral("m"), painter);
+}
+
+QString antennatext(const std::string& name, double height_m)
+{
+    return QString::fromStdString(name + " · " + formatnumber("0.0 m", height_m));
+}
+
+void paintnames(const LinkStudy& study, const QSizeF& size, QPainter& painter)
+{
+    const GraphScale scale = profilescale(study);
+    const double row_px = QFontMetricsF(painter.font()).height();
+    const double left = scale.at(0, 0, size).x();
+    const double right = scale.at(study.link.profile.intervals(), 0, size).x();
+    const QRectF box(left, textband, right - left, row_px);
+    const LRRecord& record = study.link.record;
+    painter.setPen(axisink);
+    painttext(box, Qt::AlignLeft, antennatext(study.namea, record.h1), painter);
+    painttext(box, Qt::AlignRight, antennatext(study.nameb, record.h2), painter);
+}
+} // namespace
+
+DrawnHeights drawnheights(const LinkStudy& study)
+{
+    constexpr double leastrange_m = 50;
+    const Profile& profile = study.link.profile;
+    const LinkAnalysis& analysis = study.analysis;
+    DrawnHeights heights{double{profile.pathmin}, double{profile.pathmax}};
+    if (heights.high - heights.low < leastrange_m)
+        heights.high += leastrange_m;
+    heights.high = std::max({heights.high, analysis.top1, analysis.top2});
+    heights.low = std::min({heights.low, analysis.top1, analysis.top2});
+    heights.high += bulge(analysis.earth, 0.5, profile.distkm);
+    return heights;
+}
+
+double bulgeat(const LinkStudy& study, double i)
+{
+    const Profile& profile = study.link.profile;
+    return bulge(study.analysis.earth, i / profile.intervals(), profile.distkm);
+}
+
+void paintelevations(const LinkStudy& study, const QSizeF& size, QPainter& painter)
+{
+    const GraphScale scale = profilescale(study);
+    const double row_px = QFontMetricsF(painter.font()).height();
+    const int n = study.link.profile.intervals();
+    painter.setPen(QPen(gridink, 1));
+    for (const double value : elevationticks(study, size, row_px).values) {
+        QPolygonF line;
+        for (int i = 0; i <= n; ++i)
+            line << scale.at(i, value + bulgeat(study, i), size);
+        painter.drawPolyline(line);
+    }
+}
+
+void paintdistances(const LinkStudy& study, const QSizeF& size, const QColor& ink,
+                    QPainter& painter)
+{
+    const Profile& profile = study.link.profile;
+    const GraphScale scale = profilescale(study);
+    const QFontMetricsF metrics(painter.font());
+    const double row_px = metrics.height();
+    const double length_px = size.width() * profile.intervals() / scale.width;
+    const double step =
+        tickstep(profile.distkm, length_px / (metrics.averageCharWidth() * tickcolumns));
+    if (!(step > 0))
+        return;
+    const double below = size.height() - row_px - 1;
+    painter.setPen(QPen(ink, 1));
+    const auto last = static_cast<int>(std::floor(profile.distkm / step * (1 + 1e-9)));
+    for (int k = 0; k <= last; ++k) {
+        const double x = scale.at(k * step / profile.distkm * profile.intervals(), 0, size).x();
+        painter.drawLine(QPointF(x, below - ticklength), QPointF(x, below));
+        QString text = ticktext(k * step, step);
+        if (k == last)
+            text += QStringLiteral(" km");
+        const double width = metrics.horizontalAdvance(text);
+        const double start = std::min(x - width / 2, size.width() - width - 1);
+        painttext(QRectF(start, below, width, row_px), Qt::AlignLeft, text, painter);
+    }
+}
+
+void paintaxes(const LinkStudy& study, const QSizeF& size, QPainter& painter)
+{
+    paintheights(study, size, painter);
+    paintdistances(study, size, lightink, painter);
+    paintnames(study, size, painter);
+}
