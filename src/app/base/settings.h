@@ -30,3 +30,6 @@ void writesetting(std::string_view key, const char* value);
 void writesetting(std::string_view key, bool value);
 void writesetting(std::string_view key, std::int32_t value);
 void writesetting(std::string_view key, float value);
+
+/// Window units, in which places and sizes are stored, in a device-independent pixel.
+inline constexpr std::int32_t unitsperpixel = 8;

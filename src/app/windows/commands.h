@@ -39,6 +39,12 @@ void elevationgrid();
 /// Lets the map's windows reach the cursor and the pictures.
 void connectmapwindows();
 
+/// Opens the radio link window, or brings it to the front.
+void radiolink();
+/// Tables or propagation mode are others: the link window shows what holds now.
+void refilllink();
+/// Lets the link window ask for a file, and the pictures open it.
+void connectlinkwindow();
 /// The coverages, painted on the active picture, and the report on link quality.
 void radiocoverage();
 void visualcoverage();

@@ -31,8 +31,10 @@ void newnetworks()
         return;
     bool cancel = false;
     CleanNet(cancel);
-    if (!cancel)
-        newnet(true);
+    if (cancel)
+        return;
+    newnet(true);
+    refilllink();
 }
 
 void opennetworks()
@@ -192,6 +194,7 @@ static void setmode(std::int16_t mode)
     mainwindow->setchecked("mnuFileModeNormal", mode == 0);
     mainwindow->setchecked("mnuFileModeInterf", mode == 1);
     hooks.setlabel2("");
+    refilllink();
     drawnets(); // tells the mode of interference
 }
 

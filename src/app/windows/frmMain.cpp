@@ -10,6 +10,7 @@
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
 #include "pictures/windows/frmPic.h"
+#include "radio/windows/frmLink.h"
 
 #include <QAction>
 #include <QApplication>
@@ -222,6 +223,8 @@ void frmMain::setbusy(bool on)
         if (!on && child == activechild())
             child->setFocus();
     }
+    if (frmLink* window = linkwindow(this))
+        window->setbusy(on);
     Picture1->setbusy(on);
     updatemenus();
 }

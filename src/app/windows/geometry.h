@@ -4,9 +4,6 @@
 
 class frmMain;
 
-/// Window units, in which places and sizes are stored, in a device-independent pixel.
-inline constexpr std::int32_t unitsperpixel = 8;
-
 /// Where the main window opens, in device-independent pixels.
 struct WindowPlace {
     int left_px, top_px, width_px, height_px;

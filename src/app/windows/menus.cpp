@@ -83,7 +83,7 @@ static constexpr auto entries = std::to_array<MenuEntry>({
     {1, "mnuEditUnit", "&Propriétés des stations", "", nullptr, idle},
 
     {0, "mnuView", "&Affichage", "", nullptr, idle},
-    {1, "mnuViewLink", "&Lien radio", "", nullptr, idle},
+    {1, "mnuViewLink", "&Lien radio", "", radiolink, idle},
     {1, "mnuViewRadio", "Couverture &radio", "", radiocoverage, onpicture},
     {1, "mnuViewVisual", "Couverture &visuelle", "", visualcoverage, onpicture},
     {1, "mnuViewGPS", "Localisation &GPS", "", nullptr, idle},

@@ -69,7 +69,11 @@ void fillhooks()
             mainwindow->addpicture(picture);
     });
     connectmapwindows();
-    hooks.netsloaded = shownetwork;
+    connectlinkwindow();
+    hooks.netsloaded = [] {
+        refilllink(); // first: its one link gives way to the nets
+        shownetwork();
+    };
     hooks.viewtext = [](const std::string& path) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
     };

@@ -1,5 +1,6 @@
 #include "app/base/operation.h"
 #include "app/windows/arrange.h"
+#include "app/windows/askfile.h"
 #include "app/windows/commands.h"
 #include "app/windows/frmAbout.h"
 #include "app/windows/frmMain.h"
@@ -9,6 +10,8 @@
 #include "coverage/windows/frmVisual.h"
 #include "pictures/paint/overlay.h"
 #include "pictures/windows/frmPic.h"
+#include "pictures/windows/stationmouse.h"
+#include "radio/windows/frmLink.h"
 #include "reports/windows/frmReport.h"
 
 #include <QElapsedTimer>
@@ -19,6 +22,30 @@ static void takeactivepicture()
 {
     if (OpenPicture* active = mainwindow->activepicture())
         currentpic = active;
+}
+
+void radiolink()
+{
+    showlink(mainwindow);
+}
+
+void refilllink()
+{
+    if (frmLink* window = mainwindow ? linkwindow(mainwindow) : nullptr)
+        window->refill();
+}
+
+void connectlinkwindow()
+{
+    linkwindowhooks.asktextfile = [](const std::string& offered) {
+        return askfilename({.title = "Enregistrer le profile",
+                            .filter = "Fichier texte (*.TXT)",
+                            .patterns = "*.TXT",
+                            .offered = offered,
+                            .saving = true,
+                            .extension = "TXT"});
+    };
+    picturewindowhooks.showlink = [](int a, int b) { showlink(mainwindow)->choosestations(a, b); };
 }
 
 void radiocoverage()

@@ -1,0 +1,466 @@
+#include "radio/windows/frmLink.h"
+
+#include "app/base/hooks.h"
+#include "app/base/operation.h"
+#include "app/base/paths.h"
+#include "app/base/session.h"
+#include "app/base/settings.h"
+#include "coverage/choice.h"
+#include "coverage/windows/coveragefields.h"
+#include "pictures/paint/cursor.h"
+#include "pictures/paint/overlay.h"
+#include "radio/distribution.h"
+#include "radio/exportprofile.h"
+#include "radio/linkrange.h"
+#include "radio/paint/linkpicture.h"
+#include "radio/readout.h"
+#include "radio/windows/linkview.h"
+#include "radio/windows/smeter.h"
+#include "radio/windows/stationcolumn.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+LinkWindowHooks linkwindowhooks;
+
+namespace
+{
+constexpr double cursorstart = 170;  // samples; beyond the end of every path
+constexpr double pictureedge = 0.05; // of the path, on both sides of the stations
+constexpr double cursorstep = 0.5;   // samples that an arrow key moves the cursor
+
+/// The file that the last export went to, kept for the run.
+std::string& exportname()
+{
+    static std::string name;
+    if (name.empty())
+        name = userfolder() + "profile.txt";
+    return name;
+}
+
+const Unit& unitat(int number)
+{
+    return network.units[static_cast<std::size_t>(number)];
+}
+
+QComboBox* namedlist(const char* name, QWidget* parent)
+{
+    auto* list = new QComboBox(parent);
+    list->setObjectName(QString::fromLatin1(name));
+    list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    list->setMinimumContentsLength(18);
+    return list;
+}
+} // namespace
+
+frmLink::frmLink(QWidget* parent) : QDialog(parent, Qt::Window)
+{
+    setObjectName(QStringLiteral("frmLink"));
+    setWindowTitle(QStringLiteral("Lien radio"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(6, 6, 6, 6);
+    column->addLayout(makelists());
+    column->addLayout(makecolumns());
+    Picture1 = new LinkView(this);
+    column->addWidget(Picture1, 1);
+    makemenus();
+    connect(Picture1, &LinkView::moved, this, [this](double share, bool pressed) {
+        const GraphScale scale = profilescale(shown);
+        showcursor(scale.left + share * scale.width, pressed);
+    });
+    connect(Picture1, &LinkView::stepped, this,
+            [this](int direction) { showcursor(cursorx + direction * cursorstep, false); });
+    refill();
+    place();
+    Picture1->setFocus();
+}
+
+void frmLink::makemenus()
+{
+    auto* bar = new QMenuBar(this);
+    layout()->setMenuBar(bar);
+    editmenu = bar->addMenu(QStringLiteral("&Edition"));
+    editmenu->addAction(QStringLiteral("&Copier"), QKeySequence::Copy, this, &frmLink::copy)
+        ->setObjectName(QStringLiteral("copy"));
+    editmenu->addAction(QStringLiteral("&Exporter vers..."), this, &frmLink::exportlink)
+        ->setObjectName(QStringLiteral("export"));
+    viewmenu = bar->addMenu(QStringLiteral("&Affichage"));
+    makeviewmenu(*viewmenu);
+    stop = bar->addAction(QStringLiteral("&Stop"), [] { opbusy = 0; });
+    stop->setObjectName(QStringLiteral("stop"));
+    stop->setVisible(false);
+}
+
+void frmLink::makeviewmenu(QMenu& menu)
+{
+    struct Entry {
+        const char *name, *text;
+        void (frmLink::*procedure)();
+    };
+    static constexpr std::array<Entry, 5> entries{{
+        {"profile", "&Profil", &frmLink::showprofile},
+        {"invert", "&Inverser", &frmLink::invert},
+        {"details", "&Détails", &frmLink::showdetails},
+        {"range", "Por&tée", &frmLink::showrange},
+        {"distribution", "&Distribution", &frmLink::showdistribution},
+    }};
+    graphs = new QActionGroup(this);
+    for (const Entry& entry : entries) {
+        QAction* action = menu.addAction(QString::fromUtf8(entry.text), this, entry.procedure);
+        action->setObjectName(QString::fromLatin1(entry.name));
+        action->setCheckable(true);
+        graphs->addAction(action);
+    }
+    QMenu* views = menu.addMenu(QStringLiteral("&Observation"));
+    views->setObjectName(QStringLiteral("views"));
+    for (const char* text :
+         {"5°", "10°", "20°", "40°", "80°", "&Large fenêtre", "Vue &Stéréoscopique",
+          "Créer un vol normal", "Créer un vol stéréo.", "&Visionner le vol", "&Options"})
+        views->addAction(QString::fromUtf8(text))->setEnabled(false);
+}
+
+QLayout* frmLink::makelists()
+{
+    auto* row = new QHBoxLayout;
+    const auto add = [&](const char* name, const QString& caption) {
+        QComboBox* list = namedlist(name, this);
+        auto* label = new QLabel(caption, this);
+        label->setBuddy(list);
+        row->addWidget(label);
+        row->addWidget(list);
+        row->addSpacing(12);
+        return list;
+    };
+    transmitterlist = add("transmitter", QStringLiteral("Émetteur"));
+    receiverlist = add("receiver", QStringLiteral("Récepteur"));
+    netlist = add("netlist", QStringLiteral("Réseau"));
+    row->addStretch();
+    for (QComboBox* list : {transmitterlist, receiverlist})
+        connect(list, &QComboBox::currentIndexChanged, this, &frmLink::changestations);
+    connect(netlist, &QComboBox::activated, this, &frmLink::showprofile);
+    return row;
+}
+
+QLayout* frmLink::makecolumns()
+{
+    const QString role = QStringLiteral("Rôle");
+    const QString loss = QStringLiteral("Pertes de ligne (dB)");
+    const QString gain = QStringLiteral("Gain d'antenne (dBi)");
+    leftcolumn = new StationColumn(
+        QStringLiteral("left"),
+        {role, QStringLiteral("Nom du système Tx"), QStringLiteral("Puissance Tx (W)"), loss, gain},
+        this);
+    rightcolumn = new StationColumn(QStringLiteral("right"),
+                                    {role, QStringLiteral("Nom du système Rx"), gain, loss,
+                                     QStringLiteral("Sensitivité Rx (µV)")},
+                                    this);
+    connect(leftcolumn, &StationColumn::applied, this,
+            [this](const QString& height) { applyheight(true, height); });
+    connect(rightcolumn, &StationColumn::applied, this,
+            [this](const QString& height) { applyheight(false, height); });
+    meters = {new SMeter(QStringLiteral("smeter0"), this),
+              new SMeter(QStringLiteral("smeter1"), this)};
+    auto* grid = new QGridLayout;
+    grid->addWidget(leftcolumn, 0, 0);
+    grid->addWidget(rightcolumn, 0, 1);
+    grid->addWidget(meters[0], 1, 0, Qt::AlignHCenter);
+    grid->addWidget(meters[1], 1, 1, Qt::AlignHCenter);
+    return grid;
+}
+
+void frmLink::place()
+{
+    adjustSize();
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    if (getsetting("LinkLeft", "").empty() || getsetting("LinkTop", "").empty())
+        return;
+    readsetting("LinkLeft", std::int32_t{0}, left);
+    readsetting("LinkTop", std::int32_t{0}, top);
+    const QRect room = screen()->availableGeometry();
+    const auto held = [](int at, int first, int length, int side) {
+        return std::max(first, std::min(at, first + length - side));
+    };
+    move(held(left / unitsperpixel, room.x(), room.width(), width()),
+         held(top / unitsperpixel, room.y(), room.height(), height()));
+}
+
+void frmLink::refill()
+{
+    const QSignalBlocker quiet1(transmitterlist);
+    const QSignalBlocker quiet2(receiverlist);
+    transmitterlist->clear();
+    receiverlist->clear();
+    fillstations(*transmitterlist, selection.linkunit1);
+    fillstations(*receiverlist, selection.linkunit2);
+    changestations();
+}
+
+void frmLink::choosestations(int a, int b)
+{
+    {
+        const QSignalBlocker quiet1(transmitterlist);
+        const QSignalBlocker quiet2(receiverlist);
+        transmitterlist->setCurrentIndex(a - 1);
+        receiverlist->setCurrentIndex(b - 1);
+    }
+    changestations();
+}
+
+int frmLink::transmitter() const
+{
+    return transmitterlist->currentIndex() + 1;
+}
+
+int frmLink::receiver() const
+{
+    return receiverlist->currentIndex() + 1;
+}
+
+int frmLink::chosennet() const
+{
+    return netlist->currentData().toInt();
+}
+
+bool frmLink::chosen() const
+{
+    return transmitter() > 0 && receiver() > 0 && transmitter() != receiver();
+}
+
+void frmLink::fillnets()
+{
+    netlist->clear();
+    const auto common =
+        chosen() ? commonnets(network, transmitter(), receiver()) : std::vector<int>();
+    for (const int n : common)
+        netlist->addItem(
+            QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()), n);
+    if (netlist->count() == 0)
+        netlist->addItem(QStringLiteral("Pas de réseau commun"), 0);
+    netlist->setCurrentIndex(std::max(0, netlist->findData(selection.linknet)));
+}
+
+void frmLink::changestations()
+{
+    shown = {};
+    hidecursor();
+    resetmeters();
+    Picture1->setgraph({});
+    fillnets();
+    fillcolumns();
+    if (chosennet() > 0)
+        showprofile();
+}
+
+void frmLink::showprofile()
+{
+    if (!chosen())
+        return;
+    hooks.busypointer(true);
+    resetmeters();
+    graphs->actions().first()->setChecked(true);
+    selection.linkunit1 = static_cast<std::int16_t>(transmitter());
+    selection.linkunit2 = static_cast<std::int16_t>(receiver());
+    selection.linknet = static_cast<std::int16_t>(chosennet());
+    const AnalysisOptions options{interf, session.defh1, session.defh2};
+    studylink(network, mapgrid, transmitter(), receiver(), chosennet(), options, shown);
+    Picture1->settext({});
+    if (shown.done) {
+        Picture1->setgraph(
+            [this](const QSizeF& size, QPainter& painter) { paintprofile(shown, size, painter); });
+        linkoverlay(transmitter(), receiver(), raycolour(shown));
+        cursorshown = true;
+        showcursor(cursorstart, false);
+    } else {
+        hidecursor();
+        Picture1->setgraph({});
+    }
+    fillcolumns();
+    hooks.busypointer(false);
+}
+
+void frmLink::fillcolumns()
+{
+    const int net = chosennet();
+    if (net > 0) {
+        leftcolumn->showfields(transmitterfields(network, net, transmitter()));
+        rightcolumn->showfields(receiverfields(network, net, receiver()));
+    } else {
+        leftcolumn->showfields(barefields(session.defh1));
+        rightcolumn->showfields(barefields(session.defh2));
+    }
+}
+
+void frmLink::applyheight(bool left, const QString& typed)
+{
+    const float height = typedheight(typed.toStdString());
+    const int net = chosennet();
+    if (net > 0) {
+        const int unit = left ? transmitter() : receiver();
+        network.antheights[static_cast<std::size_t>(net)][static_cast<std::size_t>(unit)] = height;
+        netdirty = true;
+    } else {
+        (left ? session.defh1 : session.defh2) = height;
+    }
+    fillcolumns();
+    showprofile();
+}
+
+void frmLink::invert()
+{
+    choosestations(receiver(), transmitter());
+}
+
+void frmLink::showdetails()
+{
+    if (!chosen() || !shown.done)
+        return;
+    hidecursor();
+    Picture1->setgraph(
+        [this](const QSizeF& size, QPainter& painter) { paintdetails(shown, size, painter); });
+}
+
+void frmLink::showrange()
+{
+    if (!chosen())
+        return;
+    cursorshown = shown.done;
+    showcursor(cursorstart, false);
+    const auto end = shown.done ? rangesample(shown.link) : std::nullopt;
+    if (!end) {
+        Picture1->setgraph({});
+        return;
+    }
+    Picture1->setgraph(
+        [this](const QSizeF& size, QPainter& painter) { paintrange(shown, size, painter); });
+    showcursor(*end, false);
+}
+
+void frmLink::showdistribution()
+{
+    if (!chosen())
+        return;
+    LinkStudy scratch = shown; // the cursor goes on reading the study itself
+    const auto spread =
+        distribution(network, mapgrid, transmitter(), receiver(), chosennet(), interf, scratch);
+    if (!spread)
+        return;
+    hidecursor();
+    Picture1->setgraph([spread = *spread](const QSizeF& size, QPainter& painter) {
+        paintdistribution(spread, size, painter);
+    });
+}
+
+void frmLink::showcursor(double x, bool pressed)
+{
+    if (!cursorshown || !shown.done)
+        return;
+    const LinkReadout readout = readlink(shown, network, mapgrid, x);
+    const GraphScale scale = profilescale(shown);
+    cursorx = readout.x;
+    Picture1->placeline((readout.x - scale.left) / scale.width);
+    Picture1->settext(QString::fromStdString(readout.text));
+    if (readout.meter12)
+        meters[1]->smeter(*readout.meter12);
+    if (readout.meter21)
+        meters[0]->smeter(*readout.meter21);
+    if (pressed)
+        movecursor(readout.lon, readout.lat);
+}
+
+void frmLink::hidecursor()
+{
+    cursorshown = false;
+    Picture1->placeline(std::nullopt);
+    Picture1->settext({});
+}
+
+void frmLink::resetmeters()
+{
+    for (SMeter* meter : meters)
+        meter->smeter(0);
+}
+
+void frmLink::copy()
+{
+    auto* copied = new QMimeData;
+    copied->setImageData(Picture1->picture().toImage());
+    if (transmitter() > 0 && receiver() > 0)
+        copied->setText(QString::fromStdString(
+            profilecopytext(unitat(transmitter()), unitat(receiver()), pictureedge)));
+    QApplication::clipboard()->setMimeData(copied);
+}
+
+void frmLink::exportlink()
+{
+    if (!chosen()) {
+        telluser("Pas de données exportables");
+        return;
+    }
+    const std::string name = linkwindowhooks.asktextfile(exportname());
+    if (name.empty())
+        return;
+    exportname() = name;
+    hooks.busypointer(true);
+    const AnalysisOptions options{interf, session.defh1, session.defh2};
+    const bool written =
+        exportprofile(name, network, mapgrid, transmitter(), receiver(), chosennet(), options);
+    hooks.busypointer(false);
+    if (written)
+        hooks.viewtext(name);
+}
+
+void frmLink::setbusy(bool on)
+{
+    editmenu->setEnabled(!on);
+    viewmenu->setEnabled(!on);
+    stop->setVisible(on);
+}
+
+void frmLink::reject()
+{
+    if (opbusy > 0)
+        opbusy = 0;
+    else
+        close();
+}
+
+void frmLink::closeEvent(QCloseEvent* event)
+{
+    if (opbusy > 0) {
+        opbusy = 0; // the first close only stops the work
+        event->ignore();
+        return;
+    }
+    writesetting("LinkLeft", std::int32_t{x() * unitsperpixel});
+    writesetting("LinkTop", std::int32_t{y() * unitsperpixel});
+    event->accept();
+}
+
+frmLink* linkwindow(const QWidget* parent)
+{
+    return parent->findChild<frmLink*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+frmLink* showlink(QWidget* parent)
+{
+    frmLink* window = linkwindow(parent);
+    if (window == nullptr) {
+        window = new frmLink(parent);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+    return window;
+}

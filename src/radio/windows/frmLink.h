@@ -1,0 +1,93 @@
+#pragma once
+
+#include "radio/linkstudy.h"
+
+#include <QDialog>
+
+#include <array>
+#include <functional>
+#include <string>
+
+class LinkView;
+class QActionGroup;
+class QComboBox;
+class QLayout;
+class QMenu;
+class SMeter;
+class StationColumn;
+
+/// What the link window asks of the rooms above.
+struct LinkWindowHooks {
+    /// Asks for the name of a text file to write; empty when the user gives up.
+    std::function<std::string(const std::string& offered)> asktextfile;
+};
+extern LinkWindowHooks linkwindowhooks;
+
+/// "Lien radio": one link studied in depth, by its profile, its texts, its range, and the
+/// distribution of its signal.
+class frmLink : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit frmLink(QWidget* parent = nullptr);
+
+    /// Chooses both stations, as the user would.
+    void choosestations(int a, int b);
+    /// Another network is in the tables: its names, and no link that was studied in the old one.
+    void refill();
+    /// Into (true) or out of the state in which only Stop is live.
+    void setbusy(bool on);
+
+    /// Entries of "&Affichage".
+    void showprofile();
+    void invert();
+    void showdetails();
+    void showrange();
+    void showdistribution();
+    /// Entries of "&Edition".
+    void copy();
+    void exportlink();
+
+    const LinkStudy& study() const { return shown; }
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makemenus();
+    void makeviewmenu(QMenu& menu);
+    QLayout* makelists();
+    QLayout* makecolumns();
+    void place();
+
+    void changestations();
+    bool chosen() const;
+    int transmitter() const;
+    int receiver() const;
+    int chosennet() const;
+    void fillnets();
+    void fillcolumns();
+    void applyheight(bool left, const QString& typed);
+
+    void showcursor(double x, bool pressed);
+    void hidecursor();
+    void resetmeters();
+
+    QComboBox *transmitterlist, *receiverlist, *netlist;
+    StationColumn *leftcolumn, *rightcolumn;
+    std::array<SMeter*, 2> meters; ///< 0 the direction of `gain21`, 1 that of `gain12`
+    LinkView* Picture1;
+    QActionGroup* graphs;
+    QMenu *editmenu, *viewmenu;
+    QAction* stop;
+    LinkStudy shown;
+    double cursorx = 0; ///< samples from the left station
+    bool cursorshown = false;
+};
+
+/// Opens the window, or brings it to the front.
+frmLink* showlink(QWidget* parent);
+/// The window that is open; nullptr when there is none.
+frmLink* linkwindow(const QWidget* parent);
