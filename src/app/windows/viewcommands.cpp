@@ -45,6 +45,10 @@ void connectlinkwindow()
                             .saving = true,
                             .extension = "TXT"});
     };
+    picturehooks.stationmoved = [](int unit, bool) {
+        if (frmLink* window = mainwindow ? linkwindow(mainwindow) : nullptr)
+            window->followstation(unit);
+    };
     picturewindowhooks.showlink = [](int a, int b) { showlink(mainwindow)->choosestations(a, b); };
 }
 

@@ -253,6 +253,7 @@ void frmLink::fillnets()
 void frmLink::changestations()
 {
     shown = {};
+    graphs->actions().first()->setChecked(true);
     hidecursor();
     resetmeters();
     Picture1->setgraph({});
@@ -260,6 +261,25 @@ void frmLink::changestations()
     fillcolumns();
     if (chosennet() > 0)
         showprofile();
+}
+
+/// Evaluates the chosen link, and shows it by this procedure; without a profile nothing.
+void frmLink::study(const std::function<void()>& show)
+{
+    const AnalysisOptions options{interf, session.defh1, session.defh2};
+    if (studylink(network, mapgrid, transmitter(), receiver(), chosennet(), options, shown)) {
+        show();
+        return;
+    }
+    hidecursor();
+    Picture1->setgraph({});
+}
+
+void frmLink::drawprofile()
+{
+    Picture1->setgraph(
+        [this](const QSizeF& size, QPainter& painter) { paintprofile(shown, size, painter); });
+    cursorshown = true;
 }
 
 void frmLink::showprofile()
@@ -272,21 +292,28 @@ void frmLink::showprofile()
     selection.linkunit1 = static_cast<std::int16_t>(transmitter());
     selection.linkunit2 = static_cast<std::int16_t>(receiver());
     selection.linknet = static_cast<std::int16_t>(chosennet());
-    const AnalysisOptions options{interf, session.defh1, session.defh2};
-    studylink(network, mapgrid, transmitter(), receiver(), chosennet(), options, shown);
-    Picture1->settext({});
-    if (shown.done) {
-        Picture1->setgraph(
-            [this](const QSizeF& size, QPainter& painter) { paintprofile(shown, size, painter); });
+    study([this] {
+        drawprofile();
         linkoverlay(transmitter(), receiver(), raycolour(shown));
-        cursorshown = true;
         showcursor(cursorstart, false);
-    } else {
-        hidecursor();
-        Picture1->setgraph({});
-    }
+    });
     fillcolumns();
     hooks.busypointer(false);
+}
+
+void frmLink::followstation(int unit)
+{
+    if (unit != shown.a && unit != shown.b)
+        return;
+    QAction* graph = graphs->checkedAction();
+    const double place = cursorx;
+    resetmeters();
+    study([&] {
+        drawprofile();
+        showcursor(place, false);
+        if (graph != graphs->actions().first())
+            graph->trigger();
+    });
 }
 
 void frmLink::fillcolumns()

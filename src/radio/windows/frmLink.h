@@ -36,6 +36,9 @@ public:
     void choosestations(int a, int b);
     /// Another network is in the tables: its names, and no link that was studied in the old one.
     void refill();
+    /// A station has another place: a link that it belongs to is studied again, in the graph in
+    /// view.
+    void followstation(int unit);
     /// Into (true) or out of the state in which only Stop is live.
     void setbusy(bool on);
 
@@ -49,7 +52,7 @@ public:
     void copy();
     void exportlink();
 
-    const LinkStudy& study() const { return shown; }
+    const LinkStudy& current() const { return shown; }
     void reject() override;
 
 protected:
@@ -63,6 +66,8 @@ private:
     void place();
 
     void changestations();
+    void study(const std::function<void()>& show);
+    void drawprofile();
     bool chosen() const;
     int transmitter() const;
     int receiver() const;

@@ -46,7 +46,7 @@ TEST_F(LinkCommands, TheMenuOpensOneLinkWindow)
 {
     frmLink& first = open();
     EXPECT_TRUE(first.isVisible());
-    EXPECT_TRUE(first.study().done);
+    EXPECT_TRUE(first.current().done);
     EXPECT_EQ(&open(), &first);
 }
 
@@ -75,11 +75,11 @@ TEST_F(LinkCommands, TheExportAsksForATextFile)
 TEST_F(LinkCommands, ItFollowsThePropagationMode)
 {
     frmLink& link = open();
-    const double before = link.study().link.record.loss;
+    const double before = link.current().link.record.loss;
     choose("mnuFileModeInterf");
-    EXPECT_LT(link.study().link.record.loss, before);
+    EXPECT_LT(link.current().link.record.loss, before);
     choose("mnuFileModeNormal");
-    EXPECT_EQ(link.study().link.record.loss, before);
+    EXPECT_EQ(link.current().link.record.loss, before);
 }
 
 TEST_F(LinkCommands, ANewNetworkLeavesNoLinkInIt)
@@ -87,7 +87,7 @@ TEST_F(LinkCommands, ANewNetworkLeavesNoLinkInIt)
     frmLink& link = open();
     network = defaulttables();
     hooks.netsloaded();
-    EXPECT_FALSE(link.study().done);
+    EXPECT_FALSE(link.current().done);
     EXPECT_EQ(link.findChild<QComboBox*>(QStringLiteral("netlist"))->currentText(),
               QStringLiteral("Pas de réseau commun"));
 }

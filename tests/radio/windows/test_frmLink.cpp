@@ -125,7 +125,7 @@ TEST_F(LinkWindow, ListsAllStationsAndTheNetsThatBothShare)
 
 TEST_F(LinkWindow, ShowsTheProfileAsSoonAsALinkIsChosen)
 {
-    EXPECT_TRUE(window->study().done);
+    EXPECT_TRUE(window->current().done);
     EXPECT_FALSE(erased());
     EXPECT_TRUE(get<QAction>("profile").isChecked());
     EXPECT_EQ(label("leftrow1"), "Portatif");
@@ -135,7 +135,7 @@ TEST_F(LinkWindow, ShowsTheProfileAsSoonAsALinkIsChosen)
 
 TEST_F(LinkWindow, StartsTheCursorAtTheFarEnd)
 {
-    const auto n = window->study().link.profile.intervals();
+    const auto n = window->current().link.profile.intervals();
     EXPECT_NEAR(*view().lineplace(), (n * 1.05) / (n * 1.1), 1e-9);
     EXPECT_EQ(line().find(" Distance:"), 0U);
     EXPECT_NE(line().find("Rx:"), std::string::npos);
@@ -161,7 +161,7 @@ TEST_F(LinkWindow, HasNoNetForStationsThatShareNone)
     EXPECT_THAT(nets(), ElementsAre("Pas de réseau commun"));
     EXPECT_TRUE(erased());
     EXPECT_EQ(label("leftrow1"), "");
-    EXPECT_EQ(window->study().analysis.linktext[0], "") << "no text of the link before";
+    EXPECT_EQ(window->current().analysis.linktext[0], "") << "no text of the link before";
 }
 
 TEST_F(LinkWindow, ShowsABareProfileOnDemand)
@@ -169,9 +169,9 @@ TEST_F(LinkWindow, ShowsABareProfileOnDemand)
     session.defh1 = 3.5F;
     choose(1, 3);
     trigger("profile");
-    EXPECT_TRUE(window->study().done);
+    EXPECT_TRUE(window->current().done);
     EXPECT_FALSE(erased());
-    EXPECT_EQ(window->study().analysis.linktext[0], " Impossibilité de montrer les détails");
+    EXPECT_EQ(window->current().analysis.linktext[0], " Impossibilité de montrer les détails");
     EXPECT_EQ(field("leftheight"), "3.5");
     EXPECT_EQ(line().find("Rx:"), std::string::npos);
 }
@@ -190,7 +190,7 @@ TEST_F(LinkWindow, DoesNothingForAStationWithItself)
     for (const char* entry : {"profile", "invert", "details", "range", "distribution"})
         trigger(entry);
     EXPECT_TRUE(erased());
-    EXPECT_FALSE(window->study().done);
+    EXPECT_FALSE(window->current().done);
 }
 
 TEST_F(LinkWindow, HasNoProfileOffTheMap)
@@ -199,7 +199,7 @@ TEST_F(LinkWindow, HasNoProfileOffTheMap)
     choose(1, 3);
     choose(1, 2);
     EXPECT_THAT(nets(), ElementsAre("Deux", "Cinq"));
-    EXPECT_FALSE(window->study().done);
+    EXPECT_FALSE(window->current().done);
     EXPECT_TRUE(erased());
     EXPECT_EQ(line(), "");
     for (const char* entry : {"details", "range", "distribution"})
@@ -209,10 +209,10 @@ TEST_F(LinkWindow, HasNoProfileOffTheMap)
 
 TEST_F(LinkWindow, TakesAHeightIntoTheNet)
 {
-    const double before = window->study().link.record.h1;
+    const double before = window->current().link.record.h1;
     type("leftheight", "25");
     EXPECT_EQ(network.antheights[2][1], 25);
-    EXPECT_EQ(window->study().link.record.h1, 25);
+    EXPECT_EQ(window->current().link.record.h1, 25);
     EXPECT_NE(before, 25);
     EXPECT_TRUE(netdirty);
     EXPECT_EQ(field("leftheight"), "25.0");
@@ -227,7 +227,7 @@ TEST_F(LinkWindow, TakesAHeightAsTheDefaultWithoutANet)
     choose(1, 3);
     type("rightheight", "7.5");
     EXPECT_EQ(session.defh2, 7.5F);
-    EXPECT_EQ(window->study().link.record.h2, 7.5);
+    EXPECT_EQ(window->current().link.record.h2, 7.5);
 }
 
 TEST_F(LinkWindow, ExchangesTheStations)
@@ -235,8 +235,8 @@ TEST_F(LinkWindow, ExchangesTheStations)
     trigger("invert");
     EXPECT_EQ(list("transmitter"), "Est");
     EXPECT_EQ(list("receiver"), "Ouest");
-    EXPECT_EQ(window->study().a, 2);
-    EXPECT_EQ(window->study().b, 1);
+    EXPECT_EQ(window->current().a, 2);
+    EXPECT_EQ(window->current().b, 1);
     EXPECT_TRUE(get<QAction>("profile").isChecked());
 }
 
@@ -258,7 +258,7 @@ TEST_F(LinkWindow, MovesTheCursorWithTheArrowKeys)
     const double atend = *view().lineplace();
     const std::string before = line();
     QTest::keyClick(&view(), Qt::Key_Left);
-    const auto n = window->study().link.profile.intervals();
+    const auto n = window->current().link.profile.intervals();
     EXPECT_NEAR(*view().lineplace(), atend - 0.5 / (n * 1.1), 1e-9);
     EXPECT_NE(line(), before);
     QTest::keyClick(&view(), Qt::Key_Right);
@@ -364,9 +364,46 @@ TEST_F(LinkWindow, ForgetsTheLinkOfAnotherNetwork)
 {
     network = defaulttables();
     window->refill();
-    EXPECT_FALSE(window->study().done);
+    EXPECT_FALSE(window->current().done);
     EXPECT_THAT(nets(), ElementsAre("Pas de réseau commun"));
     EXPECT_TRUE(erased());
+}
+
+TEST_F(LinkWindow, FollowsAStationThatMoves)
+{
+    network.units[2].lon = 7.9F;
+    const double before = window->current().link.profile.distkm;
+    window->followstation(3);
+    EXPECT_EQ(window->current().link.profile.distkm, before) << "another station";
+    window->followstation(2);
+    EXPECT_LT(window->current().link.profile.distkm, before);
+    EXPECT_TRUE(get<QAction>("profile").isChecked());
+}
+
+TEST_F(LinkWindow, KeepsItsGraphWhileAStationMoves)
+{
+    trigger("details");
+    const QImage details = view().picture().toImage();
+    network.units[2].lon = 7.9F;
+    window->followstation(2);
+    EXPECT_TRUE(get<QAction>("details").isChecked());
+    EXPECT_EQ(view().lineplace(), std::nullopt);
+    EXPECT_NE(view().picture().toImage(), details) << "with the texts of the new place";
+    network.units[2].lon = 20;
+    window->followstation(2);
+    EXPECT_TRUE(erased()) << "off the map";
+    network.units[2].lon = 8.3F;
+    window->followstation(2);
+    EXPECT_EQ(view().picture().toImage(), details);
+}
+
+TEST_F(LinkWindow, LeavesTheNetsOnThePicturesWhileAStationMoves)
+{
+    drawmap(nullptr, true);
+    drawnets();
+    const auto drawings = currentpic->surface.over.size();
+    window->followstation(2);
+    EXPECT_EQ(currentpic->surface.over.size(), drawings);
 }
 
 TEST_F(LinkWindow, HasTheViewsDisabled)
