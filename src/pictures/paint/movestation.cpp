@@ -20,7 +20,7 @@ Unit& unitat(int number)
 void redrawlinks(int unit)
 {
     reevaluate(network, mapgrid, false, interf, unit, quality);
-    paintnets();
+    paintnets(unit);
     picturehooks.stationmoved(unit, false);
 }
 
@@ -85,5 +85,12 @@ void putback(const StationDrag& drag)
     unit.elevation = drag.before.elevation;
     netdirty = drag.wasdirty;
     redrawlinks(drag.unit);
+    paintnets();
     tellplace(unit);
+}
+
+void settle(const StationDrag& drag)
+{
+    paintnets();
+    picturehooks.stationmoved(drag.unit, true);
 }

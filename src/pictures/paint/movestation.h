@@ -26,3 +26,5 @@ StationDrag begindrag(int unit);
 void dragunit(const StationDrag& drag, float lon, float lat);
 /// Puts the station back where it was.
 void putback(const StationDrag& drag);
+/// Leaves the station where it is; its links lie between the others again.
+void settle(const StationDrag& drag);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "network/tables.h"
+#include "pictures/paint/linksheet.h"
 #include "pictures/paint/surface.h"
 #include "pictures/picture.h"
 
@@ -44,6 +45,7 @@ struct OpenPicture {
     Picture data;
     Surface surface;
     PictureMarks marks;
+    std::shared_ptr<LinkSheet> links; ///< as they were last drawn over it
     std::string caption;
     bool blank = false;  ///< made for drawing, not read from a file
     bool enabled = true; ///< takes the mouse; off while it is being drawn

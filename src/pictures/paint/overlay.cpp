@@ -44,57 +44,6 @@ std::optional<QPoint> placeof(const OpenPicture& picture, const Unit& unit)
     return QPoint(static_cast<int>(x), static_cast<int>(y));
 }
 
-/// How the links of a class are drawn: a bright line over a wider dark one.
-struct LinePen {
-    QColor bright, dark;
-    int width, darkwidth;
-    bool dotted;
-};
-
-LinePen linepen(int lineclass)
-{
-    const QColor green(0, 255, 0);
-    const QColor darkgreen(0, 60, 0);
-    switch (lineclass) {
-    case 1:
-        return {QColor(255, 0, 0), QColor(200, 0, 0), 2, 3, false};
-    case 2:
-        return {QColor(255, 0, 0), QColor(60, 0, 0), 1, 3, true};
-    case 3:
-        return {QColor(255, 255, 0), QColor(80, 60, 0), 1, 3, true};
-    case 4:
-        return {green, darkgreen, 1, 3, true};
-    case 5:
-        return {green, darkgreen, 1, 3, false};
-    default:
-        return {green, darkgreen, 2, 4, false};
-    }
-}
-
-/// Lines of odd width go through the middle of pixels, of even width between them, so that their
-/// edges are sharp where the line is level or upright.
-void paintline(QPainter& painter, const QLineF& line, const QColor& colour, int width, bool dotted)
-{
-    QPen pen(colour, width, Qt::SolidLine, Qt::FlatCap);
-    if (dotted)
-        pen.setDashPattern({3, 3});
-    painter.setPen(pen);
-    const double shift = width % 2 != 0 ? 0.5 : 0;
-    painter.drawLine(line.translated(shift, shift));
-}
-
-void drawlink(OpenPicture& picture, const QLineF& line, int lineclass, bool opaque)
-{
-    picture.surface.over.emplace_back([line, pen = linepen(lineclass), opaque](QPainter& painter) {
-        // The dark edge is smooth; the bright line keeps the pure colour of its class.
-        painter.setRenderHint(QPainter::Antialiasing);
-        if (opaque)
-            paintline(painter, line, pen.dark, pen.darkwidth, false);
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        paintline(painter, line, pen.bright, pen.width, pen.dotted);
-    });
-}
-
 /// A station's label and cross as they are painted.
 struct StationDrawing {
     QPoint at;
@@ -183,15 +132,29 @@ std::vector<DrawnLink> drawnlinks()
     return links;
 }
 
-void drawlinks(OpenPicture& picture, const std::vector<DrawnLink>& links)
+/// Lays the links out on a picture; those of the station that is being carried lie on top.
+void drawlinks(OpenPicture& picture, const std::vector<DrawnLink>& links, int carried)
 {
     const bool opaque = (selection.linestyle[2] & 1) != 0;
+    std::vector<LinkLine> resting;
+    std::vector<LinkLine> moving;
     for (const DrawnLink& link : links) {
         const auto from = placeof(picture, unitat(link.a));
         const auto to = placeof(picture, unitat(link.b));
         if (from && to)
-            drawlink(picture, QLineF(*from, *to), link.lineclass, opaque);
+            (link.a == carried || link.b == carried ? moving : resting)
+                .push_back({*from, *to, link.lineclass});
     }
+    fillsheet(picture.links, std::move(resting), opaque, picture.surface.kept.size());
+    auto& over = picture.surface.over;
+    if (!picture.links->lines.empty())
+        over.emplace_back(
+            [sheet = picture.links](QPainter& painter) { paintsheet(*sheet, painter); });
+    if (!moving.empty())
+        over.emplace_back([lines = std::move(moving), opaque](QPainter& painter) {
+            for (const LinkLine& line : lines)
+                paintlink(painter, line, opaque);
+        });
 }
 
 /// Takes the drawing off a picture, and with it the stations that the mouse could hit.
@@ -201,12 +164,12 @@ void clearoverlay(OpenPicture& picture)
     picture.marks.stations = {};
 }
 
-void paintnets(OpenPicture& picture, const std::vector<DrawnLink>& links)
+void paintnets(OpenPicture& picture, const std::vector<DrawnLink>& links, int carried)
 {
     if (!isflat(picture))
         return;
     clearoverlay(picture);
-    drawlinks(picture, links);
+    drawlinks(picture, links, carried);
     for (int i = 1; i <= MAXUNIT; ++i)
         drawstation(picture, i);
     picturehooks.picturechanged(picture, {});
@@ -249,6 +212,7 @@ void erasenets()
 {
     for (const auto& picture : openpictures) {
         clearoverlay(*picture);
+        picture->links.reset();
         hidemarks(picture->marks);
         picturehooks.picturechanged(*picture, {});
     }
@@ -290,16 +254,16 @@ void linkoverlay(int a, int b, const QColor& colour)
     drawstations(b, false);
 }
 
-void paintnets()
+void paintnets(int carried)
 {
     const std::vector<DrawnLink> links = drawnlinks();
     for (const auto& picture : openpictures)
-        paintnets(*picture, links);
+        paintnets(*picture, links, carried);
 }
 
 void paintnets(OpenPicture& picture)
 {
-    paintnets(picture, drawnlinks());
+    paintnets(picture, drawnlinks(), 0);
 }
 
 void drawnets()

@@ -32,7 +32,8 @@ void linkoverlay(int a, int b, const QColor& colour);
 
 /// Draws links and stations on every picture, or on one, from the table of the last evaluation, in
 /// place of what was drawn over it. Hairs and selection stay.
-void paintnets();
+///   carried  station on its way, whose links lie on top; 0: none
+void paintnets(int carried = 0);
 void paintnets(OpenPicture& picture);
 
 /// Evaluates the active nets and draws links and stations on every picture.

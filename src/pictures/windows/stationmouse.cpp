@@ -116,7 +116,7 @@ void StationMouse::settle()
     if (pending)
         carry();
     if (drag)
-        picturehooks.stationmoved(drag->unit, true);
+        ::settle(*drag);
     drag.reset();
     held = 0;
 }

@@ -90,16 +90,35 @@ TEST_F(MoveStation, TheCurrentStationIsDrawnAloneAndTheTimerDrawsTheRest)
     EXPECT_TRUE(picture->surface.over.empty());
 }
 
-TEST_F(MoveStation, CarryingAStationShowsTheLinksAsAFullEvaluationWould)
+TEST_F(MoveStation, CarryingAStationEvaluatesItsLinksOnTheWay)
 {
     const StationDrag drag = begindrag(2);
     for (const float lon : {7.1F, 7.6F, 8.3F}) {
         dragunit(drag, lon, 44.2F);
-        const QImage shown = surfaceimage(picture->surface);
-        EXPECT_EQ(shown, fullydrawn());
+        const QualityTable shown = quality;
+        evaluate(network, mapgrid, false, 0, quality);
+        for (int a = 1; a <= 4; ++a)
+            for (int b = 1; b <= 4; ++b)
+                EXPECT_EQ(shown.at(1, a, b), quality.at(1, a, b)) << a << " " << b;
     }
     EXPECT_TRUE(netdirty);
-    EXPECT_THAT(told, testing::ElementsAre(-2, -2, -2));
+    settle(drag);
+    EXPECT_EQ(surfaceimage(picture->surface), fullydrawn());
+    EXPECT_THAT(told, testing::ElementsAre(-2, -2, -2, 2));
+}
+
+TEST_F(MoveStation, TheLinkOnTheWayHasTheColourOfItsClass)
+{
+    network.systems[1].height = 100;
+    for (const std::size_t i : {1U, 2U, 3U, 4U})
+        network.units[i].elevation = 3000;
+    const StationDrag drag = begindrag(1);
+    network.systems[1].height = 3000; // from anywhere on the map, everything is in sight
+    dragunit(drag, 7.8F, 44.1F);      // under the second station
+    EXPECT_EQ(surfaceimage(picture->surface).pixel(160, 150), qRgb(0, 255, 0));
+    network.systems[1].threshold = 100; // dBm: nothing is heard
+    dragunit(drag, 7.8F, 44.1F);
+    EXPECT_EQ(surfaceimage(picture->surface).pixel(160, 150), qRgb(255, 0, 0));
 }
 
 TEST_F(MoveStation, PutBackAStationIsWhereItWasAndNothingHasChanged)

@@ -222,3 +222,83 @@ TEST_F(Overlay, ANetworkWithoutItsMapOpensNoPicture)
     shownetwork();
     EXPECT_TRUE(openpictures.empty());
 }
+
+namespace
+{
+
+/// A fan of lines of all classes, more of them than are painted one by one.
+std::vector<LinkLine> fan(int count)
+{
+    std::vector<LinkLine> lines;
+    for (int i = 0; i < count; ++i)
+        lines.push_back({QPoint(5, 100), QPoint(295, 2 * i % 200), 1 + i % 6});
+    return lines;
+}
+
+QImage painted(const std::function<void(QPainter&)>& paint, double scale)
+{
+    QImage image(QSize(301, 201) * scale, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    paint(painter);
+    return image;
+}
+
+int largestdifference(const QImage& a, const QImage& b)
+{
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QColor p = a.pixelColor(x, y);
+            const QColor q = b.pixelColor(x, y);
+            largest = std::max({largest, std::abs(p.red() - q.red()),
+                                std::abs(p.green() - q.green()), std::abs(p.blue() - q.blue())});
+        }
+    return largest;
+}
+
+} // namespace
+
+TEST(LinkSheet, LooksAsItsLinesDoAtEveryScale)
+{
+    constexpr int rounding = 3; // of the blending, out of 255
+    std::shared_ptr<LinkSheet> sheet;
+    fillsheet(sheet, fan(90), true, QSize(301, 201));
+    for (const double scale : {1.0, 2.0, 1.5, 1.0}) {
+        const QImage asimage = painted([&](QPainter& p) { paintsheet(*sheet, p); }, scale);
+        EXPECT_EQ(sheet->scale, scale);
+        const QImage aslines = painted(
+            [&](QPainter& p) {
+                for (const LinkLine& line : sheet->lines)
+                    paintlink(p, line, true);
+            },
+            scale);
+        EXPECT_LE(largestdifference(asimage, aslines), rounding) << scale;
+    }
+}
+
+TEST(LinkSheet, StaysWhileItsLinesAreTheSame)
+{
+    std::shared_ptr<LinkSheet> sheet;
+    fillsheet(sheet, fan(90), true, QSize(301, 201));
+    const LinkSheet* first = sheet.get();
+    fillsheet(sheet, fan(90), true, QSize(301, 201));
+    EXPECT_EQ(sheet.get(), first);
+    fillsheet(sheet, fan(91), true, QSize(301, 201));
+    EXPECT_EQ(sheet->lines.size(), 91U);
+    const std::shared_ptr<LinkSheet> second = sheet;
+    fillsheet(sheet, fan(91), false, QSize(301, 201));
+    EXPECT_NE(sheet, second);
+}
+
+TEST(LinkSheet, FewLinesAndHugePicturesNeedNoImage)
+{
+    std::shared_ptr<LinkSheet> sheet;
+    fillsheet(sheet, fan(10), true, QSize(301, 201));
+    painted([&](QPainter& p) { paintsheet(*sheet, p); }, 1);
+    EXPECT_TRUE(sheet->image.isNull());
+    fillsheet(sheet, fan(90), true, QSize(30000, 30000));
+    painted([&](QPainter& p) { paintsheet(*sheet, p); }, 1);
+    EXPECT_TRUE(sheet->image.isNull());
+}
