@@ -18,6 +18,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSizeGrip>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -332,6 +333,17 @@ void frmPic::keyPressEvent(QKeyEvent* event)
         stereoathairs();
         QWidget::keyPressEvent(event);
     }
+}
+
+/// The wheel moves the picture under its window.
+void frmPic::wheelEvent(QWheelEvent* event)
+{
+    constexpr int step = 60; // pixels a notch
+    const bool across = event->modifiers().testFlag(Qt::ShiftModifier);
+    const QPoint notches = event->angleDelta() * step / QWheelEvent::DefaultDeltasPerStep;
+    QScrollBar* bar = across ? HScroll1 : VScroll1;
+    bar->setValue(bar->value() - notches.y());
+    HScroll1->setValue(HScroll1->value() - notches.x());
 }
 
 QWidget* frmPic::outerwindow()

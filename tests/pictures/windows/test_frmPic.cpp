@@ -1,6 +1,7 @@
 #include "picturewindowtest.h"
 
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace
 {
@@ -65,6 +66,26 @@ TEST_F(FrmPic, APictureWiderThanTheWindowOpensAtItsMiddle)
     window->resize(1100, 900);
     EXPECT_FALSE(across->isVisible());
     EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("Picture2"))->isVisible());
+}
+
+TEST_F(FrmPic, TheWheelMovesALargePicture)
+{
+    window->resize(150, 120);
+    const auto turn = [this](const QPoint& angle, Qt::KeyboardModifiers keys) {
+        QWheelEvent event({20, 20}, window->mapToGlobal(QPointF(20, 20)), {}, angle, {}, keys, {},
+                          false);
+        QApplication::sendEvent(window, &event);
+    };
+    bar("VScroll1")->setValue(0);
+    bar("HScroll1")->setValue(0);
+    turn({0, -120}, {});
+    EXPECT_EQ(bar("VScroll1")->value(), 60);
+    turn({0, 60}, {});
+    EXPECT_EQ(bar("VScroll1")->value(), 30);
+    turn({0, -120}, Qt::ShiftModifier);
+    turn({-40, 0}, {});
+    EXPECT_EQ(bar("HScroll1")->value(), 80);
+    EXPECT_EQ(bar("VScroll1")->value(), 30);
 }
 
 TEST_F(FrmPic, TheGripResizesTheWindow)
