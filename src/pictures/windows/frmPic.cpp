@@ -29,6 +29,10 @@ bool mousecoordinates = false;
 namespace
 {
 
+/// The picture window that had the keyboard last. When it gets it back from a menu or a dialog, the
+/// status line keeps what that has told.
+QPointer<const frmPic> activewindow;
+
 struct Position {
     float lon, lat;
 };
@@ -180,7 +184,8 @@ void frmPic::surfacefocused(bool on)
     if (!on) {
         inFocus = false;
         stations->settle();
-    } else if (entry != nullptr && opbusy == 0) {
+    } else if (entry != nullptr && opbusy == 0 && activewindow != this) {
+        activewindow = this;
         hooks.setlabel2(entry->data.source);
     }
 }

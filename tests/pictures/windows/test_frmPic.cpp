@@ -171,6 +171,24 @@ TEST_F(FrmPic, TheStatusLineFollowsTheMouseWhenItIsTo)
     EXPECT_EQ(label2, "007°45'00\"E  44°30'00\"N");
 }
 
+TEST_F(FrmPic, TheStatusLineTellsTheSourceOfAnotherPictureOnly)
+{
+    const auto focus = [](QWidget* view, bool on) {
+        QFocusEvent event(on ? QEvent::FocusIn : QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+        QApplication::sendEvent(view, &event);
+    };
+    const OpenPicture* other = drawmap(openpic("", -1), true);
+    auto* second = windowof(*other)->findChild<QWidget*>(QStringLiteral("Picture1"));
+    focus(second, true);
+    label2 = "vue.dat a été enregistrée";
+    focus(second, false); // a box that closes again
+    focus(second, true);
+    EXPECT_EQ(label2, "vue.dat a été enregistrée");
+    focus(second, false);
+    focus(surface, true);
+    EXPECT_EQ(label2, picture->data.source);
+}
+
 TEST_F(FrmPic, ClosingTheWindowClosesThePicture)
 {
     window->close();
