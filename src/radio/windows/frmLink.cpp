@@ -116,7 +116,11 @@ void frmLink::makeviewmenu(QMenu& menu)
     }};
     graphs = new QActionGroup(this);
     for (const Entry& entry : entries) {
-        QAction* action = menu.addAction(QString::fromUtf8(entry.text), this, entry.procedure);
+        QAction* action = menu.addAction(QString::fromUtf8(entry.text));
+        connect(action, &QAction::triggered, this, [this, procedure = entry.procedure] {
+            (this->*procedure)();
+            mark(inview); // what was refused doesn't take the mark
+        });
         action->setObjectName(QString::fromLatin1(entry.name));
         action->setCheckable(true);
         graphs->addAction(action);
@@ -127,6 +131,17 @@ void frmLink::makeviewmenu(QMenu& menu)
          {"5°", "10°", "20°", "40°", "80°", "&Large fenêtre", "Vue &Stéréoscopique",
           "Créer un vol normal", "Créer un vol stéréo.", "&Visionner le vol", "&Options"})
         views->addAction(QString::fromUtf8(text))->setEnabled(false);
+}
+
+QAction& frmLink::actionof(LinkGraph graph) const
+{
+    return *graphs->actions().at(static_cast<qsizetype>(graph));
+}
+
+void frmLink::mark(LinkGraph graph)
+{
+    inview = graph;
+    actionof(graph).setChecked(true);
 }
 
 QLayout* frmLink::makelists()
@@ -253,7 +268,7 @@ void frmLink::fillnets()
 void frmLink::changestations()
 {
     shown = {};
-    graphs->actions().first()->setChecked(true);
+    mark(LinkGraph::profile);
     hidecursor();
     resetmeters();
     Picture1->setgraph({});
@@ -288,7 +303,7 @@ void frmLink::showprofile()
         return;
     hooks.busypointer(true);
     resetmeters();
-    graphs->actions().first()->setChecked(true);
+    mark(LinkGraph::profile);
     selection.linkunit1 = static_cast<std::int16_t>(transmitter());
     selection.linkunit2 = static_cast<std::int16_t>(receiver());
     selection.linknet = static_cast<std::int16_t>(chosennet());
@@ -305,14 +320,14 @@ void frmLink::followstation(int unit)
 {
     if (unit != shown.a && unit != shown.b)
         return;
-    QAction* graph = graphs->checkedAction();
+    const LinkGraph graph = inview;
     const double place = cursorx;
     resetmeters();
     study([&] {
         drawprofile();
         showcursor(place, false);
-        if (graph != graphs->actions().first())
-            graph->trigger();
+        if (graph != LinkGraph::profile)
+            actionof(graph).trigger();
     });
 }
 
@@ -352,6 +367,7 @@ void frmLink::showdetails()
 {
     if (!chosen() || !shown.done)
         return;
+    mark(LinkGraph::details);
     hidecursor();
     Picture1->setgraph(
         [this](const QSizeF& size, QPainter& painter) { paintdetails(shown, size, painter); });
@@ -361,6 +377,7 @@ void frmLink::showrange()
 {
     if (!chosen())
         return;
+    mark(LinkGraph::range);
     cursorshown = shown.done;
     showcursor(cursorstart, false);
     const auto end = shown.done ? rangesample(shown.link) : std::nullopt;
@@ -382,6 +399,7 @@ void frmLink::showdistribution()
         distribution(network, mapgrid, transmitter(), receiver(), chosennet(), interf, scratch);
     if (!spread)
         return;
+    mark(LinkGraph::distribution);
     hidecursor();
     Picture1->setgraph([spread = *spread](const QSizeF& size, QPainter& painter) {
         paintdistribution(spread, size, painter);

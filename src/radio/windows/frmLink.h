@@ -16,6 +16,9 @@ class QMenu;
 class SMeter;
 class StationColumn;
 
+/// Entries of the link window's view menu, in its order.
+enum class LinkGraph { profile, invert, details, range, distribution };
+
 /// What the link window asks of the rooms above.
 struct LinkWindowHooks {
     /// Asks for the name of a text file to write; empty when the user gives up.
@@ -66,6 +69,8 @@ private:
     void place();
 
     void changestations();
+    QAction& actionof(LinkGraph graph) const;
+    void mark(LinkGraph graph);
     void study(const std::function<void()>& show);
     void drawprofile();
     bool chosen() const;
@@ -88,6 +93,7 @@ private:
     QMenu *editmenu, *viewmenu;
     QAction* stop;
     LinkStudy shown;
+    LinkGraph inview = LinkGraph::profile;
     double cursorx = 0; ///< samples from the left station
     bool cursorshown = false;
 };

@@ -253,6 +253,16 @@ TEST_F(LinkWindow, ShowsTextsRangeAndDistribution)
     EXPECT_EQ(view().picture().toImage(), profile) << "the distribution leaves the study alone";
 }
 
+TEST_F(LinkWindow, LeavesTheMarkAtTheGraphInView)
+{
+    choose(1, 3);
+    trigger("profile");
+    trigger("distribution");
+    EXPECT_TRUE(get<QAction>("profile").isChecked()) << "no distribution without a net";
+    trigger("invert");
+    EXPECT_TRUE(get<QAction>("profile").isChecked());
+}
+
 TEST_F(LinkWindow, MovesTheCursorWithTheArrowKeys)
 {
     const double atend = *view().lineplace();
