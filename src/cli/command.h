@@ -25,6 +25,7 @@ std::function<void()> setuplines(CLI::App& parser);
 // onelink.cpp
 std::function<void()> setuplink(CLI::App& parser);
 std::function<void()> setuplosses(CLI::App& parser);
+std::function<void()> setupexport(CLI::App& parser);
 
 // positions.cpp
 std::function<void()> setupwhere(CLI::App& parser);

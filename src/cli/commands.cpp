@@ -11,6 +11,7 @@ std::span<const Command> commands()
         {"lines", "Evaluate all links: line class of each pair", setuplines},
         {"link", "Study one link: profile, model, margin and texts", setuplink},
         {"losses", "Path loss along one link", setuplosses},
+        {"export", "Write the profile of one link to a text file", setupexport},
         {"where", "Text forms of a position", setupwhere},
         {"parse", "Position of a locator or of an MGRS reference", setupparse},
         {"elevation", "Elevations of a map under positions", setupelevation},

@@ -3,6 +3,7 @@
 #include "cli/inputs.h"
 #include "cli/output.h"
 #include "radio/analysis.h"
+#include "radio/exportprofile.h"
 
 #include <fmt/format.h>
 #include <memory>
@@ -117,9 +118,25 @@ void runlosses(const LinkArguments& arguments)
     printresult(table.text(arguments.options.json));
 }
 
-std::shared_ptr<LinkArguments> linkarguments(CLI::App& parser)
+struct ExportArguments : LinkArguments {
+    std::string output;
+};
+
+void runexport(const ExportArguments& arguments)
 {
-    auto arguments = std::make_shared<LinkArguments>();
+    const LinkSlots slots = openlink(arguments);
+    const AnalysisOptions options{.interference = arguments.options.mode()};
+    std::string why;
+    if (!exportprofile(arguments.output, network, mapgrid, slots.a, slots.b, slots.net, options,
+                       &why))
+        throw Failure(arguments.output, why);
+}
+
+/// Adds the arguments that name a link to a command's own.
+template <typename Arguments = LinkArguments>
+std::shared_ptr<Arguments> linkarguments(CLI::App& parser)
+{
+    auto arguments = std::make_shared<Arguments>();
     parser.add_option("NET", arguments->file, "Network file")->required();
     parser.add_option("A", arguments->stationA, "Left station, by number or name")->required();
     parser.add_option("B", arguments->stationB, "Right station")->required();
@@ -143,4 +160,15 @@ std::function<void()> setuplosses(CLI::App& parser)
     parser.footer("Prints CSV: i,distance_m,elevation_m,loss_db, a row per sample of the profile.\n"
                   "The elevations are bare terrain; a loss of 0 is none.");
     return [arguments] { runlosses(*arguments); };
+}
+
+std::function<void()> setupexport(CLI::App& parser)
+{
+    const auto arguments = linkarguments<ExportArguments>(parser);
+    parser.add_option("-o,--output", arguments->output, "Text file to write")
+        ->required()
+        ->type_name("FILE");
+    parser.footer("Writes the profile in Windows-1252 with CR LF, bare terrain with the stations'\n"
+                  "elevations at its ends. Two intervals or less are too few.");
+    return [arguments] { runexport(*arguments); };
 }

@@ -7,6 +7,7 @@
 #include <QPolygonF>
 
 #include <algorithm>
+#include <vector>
 
 namespace
 {
@@ -14,6 +15,15 @@ constexpr QColor gridgreen{0, 160, 0};
 constexpr QColor blue{0, 0, 255};
 /// Length of the flag at the top of a marked loss, dB.
 constexpr double flag_db = 5;
+/// Tops of the flags of the threshold, of the needed performance and of the mean.
+constexpr double thresholdtop = 1.9;
+constexpr double needtop = 1.7;
+constexpr double meantop = 1.2;
+/// Plates of the verdict, on which white letters can be read.
+constexpr QColor successplate{0, 92, 0};
+constexpr QColor failureplate{160, 0, 0};
+/// An axis longer than this, dB, comes from absurd numbers and shows nothing.
+constexpr double longestaxis_db = 10000;
 
 /// The pieces of the chart; losses grow to the left, the curve's top is at 1.
 class Chart
@@ -29,11 +39,13 @@ public:
     void paintends();
     void paintflag(double loss, double top, const QColor& colour, const QString& text);
     void paintmargin();
+    void paintplate(double loss, const QColor& colour, const QString& text);
 
 private:
     QPointF at(double loss, double y) const { return scale.at(loss, y, size); }
     double row() const { return QFontMetricsF(painter.font()).height(); }
     QPolygonF staircase(double first, double last, double end) const;
+    QRectF flagbox(double loss, double top, const QString& text) const;
     QRectF band(double left, double right, double y) const;
 
     const Distribution& spread;
@@ -98,13 +110,52 @@ void Chart::paintends()
     painttext(band(left, right, 1.2), Qt::AlignRight, QStringLiteral("Fort"), painter);
 }
 
+/// Box for a flag's text: left of the flag where no line of a higher flag runs through it, else
+/// right of its mast, else left of all lines.
+QRectF Chart::flagbox(double loss, double top, const QString& text) const
+{
+    constexpr double gap = 5; // pixels
+    const double width = QFontMetricsF(painter.font()).horizontalAdvance(text);
+    const double mast = at(loss, top).x();
+    std::vector<double> lines;
+    if (top < thresholdtop)
+        lines.push_back(at(spread.gain12, 0).x());
+    if (top < needtop)
+        lines.push_back(at(spread.need, 0).x());
+    const auto clear = [&](double start) {
+        return start >= 0 && start + width <= size.width() &&
+               std::none_of(lines.begin(), lines.end(), [&](double line) {
+                   return line > start - gap && line < start + width + gap;
+               });
+    };
+    double start = at(loss + flag_db, top).x() - gap - width;
+    if (!clear(start) && clear(mast + 2 * gap))
+        start = mast + 2 * gap;
+    else if (!clear(start) && !lines.empty())
+        start = *std::min_element(lines.begin(), lines.end()) - gap - width;
+    return {std::max(start, 1.0), at(loss, top).y() - row() / 2, width, row()};
+}
+
 void Chart::paintflag(double loss, double top, const QColor& colour, const QString& text)
 {
     painter.setPen(QPen(colour, 1));
     painter.drawPolyline(QPolygonF{at(loss, -0.1), at(loss, top), at(loss + flag_db, top)});
-    const QPointF end = at(loss + flag_db, top);
-    const QRectF box(0, end.y() - row() / 2, end.x() - 4, row());
-    painttext(box, Qt::AlignRight, text, painter);
+    painttext(flagbox(loss, top, text), Qt::AlignLeft, text, painter);
+}
+
+/// A white text on a plate, right of a loss.
+void Chart::paintplate(double loss, const QColor& colour, const QString& text)
+{
+    constexpr double gap = 6; // pixels
+    const double width = QFontMetricsF(painter.font()).horizontalAdvance(text + QLatin1Char(' '));
+    const QRectF plate(at(loss, 1.45).x() + gap, at(loss, 1.45).y() - 0.6 * row(), width,
+                       1.2 * row());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(plate, 3, 3);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(Qt::white);
+    painttext(plate, Qt::AlignLeft, text, painter);
 }
 
 void Chart::paintmargin()
@@ -117,21 +168,24 @@ void Chart::paintmargin()
     painter.drawLine(at(left, 1.45), at(right, 1.45));
     const std::string text =
         (enough ? " Succès" : " Échec") + formatnumber(" (Marge = 0.00 dB)", spread.margin());
-    painttext(band(right, spread.lo, 1.55), Qt::AlignLeft, QString::fromStdString(text), painter);
+    paintplate(right, enough ? successplate : failureplate, QString::fromStdString(text));
 }
 } // namespace
 
 void paintdistribution(const Distribution& distribution, const QSizeF& size, QPainter& painter)
 {
     const GraphPainting graph(size, painter);
-    if (!(distribution.hi > distribution.lo))
+    const double axis_db = distribution.hi - distribution.lo;
+    if (!(axis_db > 0 && axis_db < longestaxis_db))
         return;
     Chart chart(distribution, size, painter);
     chart.paintgrid();
     chart.paintbars();
     chart.paintends();
-    chart.paintflag(distribution.gain12, 1.9, Qt::white, QStringLiteral("Seuil de réception"));
-    chart.paintflag(distribution.need, 1.7, Qt::white, QStringLiteral("Performance à rencontrer"));
-    chart.paintflag(distribution.mean, 1.2, blue, QStringLiteral("Signal moyen"));
+    chart.paintflag(distribution.gain12, thresholdtop, Qt::white,
+                    QStringLiteral("Seuil de réception"));
+    chart.paintflag(distribution.need, needtop, Qt::white,
+                    QStringLiteral("Performance à rencontrer"));
+    chart.paintflag(distribution.mean, meantop, blue, QStringLiteral("Signal moyen"));
     chart.paintmargin();
 }

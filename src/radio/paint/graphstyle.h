@@ -6,6 +6,7 @@
 
 class QPainter;
 class QPointF;
+class QPolygonF;
 class QRectF;
 class QString;
 
@@ -18,6 +19,10 @@ inline constexpr QColor yellow{255, 255, 0};
 inline constexpr QColor axisink{28, 33, 41};
 /// Lines across a graph at the ticks.
 inline constexpr QColor gridink{255, 255, 255, 44};
+
+/// Far outside any picture, in pixels: places beyond are painted here, so that absurd numbers cost
+/// the rasteriser nothing.
+inline constexpr double faroutside = 1e5;
 
 /// Height in pixels of the band at a picture's top that stays free for a line of text.
 inline constexpr double textband = 26;
@@ -46,5 +51,21 @@ double tickstep(double range, double mostticks);
 /// A tick's value in as many decimals as its distance needs.
 QString ticktext(double value, double step);
 
+/// The point itself, or the nearest one that isn't far outside the picture.
+QPointF heldpoint(const QPointF& point);
+
 /// Text within a box: vertically centred, and aligned left, right or centred by Qt's flags.
 void painttext(const QRectF& box, int alignment, const QString& text, QPainter& painter);
+
+// The rasteriser's time grows with the square of the pixels that a figure's edge has in a row, and
+// it hands a figure of many spans to other threads, which costs more than it saves. So lines are
+// painted in short pieces.
+
+/// A jagged line in the painter's pen, segment by segment.
+void paintline(const QPolygonF& line, QPainter& painter);
+
+/// A smooth curve that runs from left to right, in pieces cut at whole pixels, where no seams show.
+void paintcurve(const QPolygonF& curve, double width, const QColor& colour, QPainter& painter);
+
+/// Fills what lies below such a curve, cut likewise.
+void fillbelow(const QPolygonF& curve, double bottom, const QColor& colour, QPainter& painter);

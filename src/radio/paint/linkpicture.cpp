@@ -42,7 +42,7 @@ public:
     void paintrays();
 
 private:
-    QPointF at(double i, double height_m) const { return scale.at(i, height_m, size); }
+    QPointF at(double i, double height_m) const { return heldpoint(scale.at(i, height_m, size)); }
     double earthat(int i) const { return drawnheights(study).low + bulgeat(study, i); }
     double rayat(double f) const
     {
@@ -52,7 +52,6 @@ private:
     QPolygonF terrain() const;
     QPolygonF earthcurve() const;
     QPolygonF zoneedge(double radii) const;
-    void fillbelow(QPolygonF top, const QColor& colour);
     void paintray(const QPolygonF& ray);
 
     const LinkStudy& study;
@@ -91,15 +90,6 @@ QPolygonF ProfilePainting::zoneedge(double radii) const
     return line;
 }
 
-void ProfilePainting::fillbelow(QPolygonF top, const QColor& colour)
-{
-    top << QPointF(top.back().x(), size.height()) << QPointF(top.front().x(), size.height());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    painter.drawPolygon(top);
-    painter.setBrush(Qt::NoBrush);
-}
-
 void ProfilePainting::paintsky()
 {
     QLinearGradient sky(0, 0, 0, size.height());
@@ -110,8 +100,8 @@ void ProfilePainting::paintsky()
 
 void ProfilePainting::paintground()
 {
-    fillbelow(terrain(), ground);
-    fillbelow(earthcurve(), earth);
+    fillbelow(terrain(), size.height(), ground, painter);
+    fillbelow(earthcurve(), size.height(), earth, painter);
 }
 
 void ProfilePainting::paintzones()
@@ -127,10 +117,9 @@ void ProfilePainting::paintzones()
     painter.setBrush(zonefill);
     painter.drawPolygon(first);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(fresnelgrey, 1));
     for (int zone = 1; zone <= 3; ++zone)
         for (const double side : {-1.0, 1.0})
-            painter.drawPolyline(zoneedge(side * std::sqrt(zone)));
+            paintcurve(zoneedge(side * std::sqrt(zone)), 1, fresnelgrey, painter);
 }
 
 /// Colour of the terrain at a sample: how it receives the left station. Without a net all of it is
@@ -146,11 +135,8 @@ QColor terraincolour(const LinkStudy& study, int i)
 
 void ProfilePainting::paintterrain()
 {
-    painter.setPen(QPen(Qt::black, 1));
-    painter.drawPolyline(earthcurve());
-    const auto pen = [](const QColor& colour) {
-        return QPen(colour, 2, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
-    };
+    paintcurve(earthcurve(), 1.2, Qt::black, painter);
+    const auto pen = [](const QColor& colour) { return QPen(colour, 2); };
     const QPolygonF line = terrain();
     for (int i = 1; i <= n;) {
         // One polyline as long as the colour lasts.
@@ -159,7 +145,7 @@ void ProfilePainting::paintterrain()
         for (; i <= n && terraincolour(study, i) == colour; ++i)
             run << line[i];
         painter.setPen(pen(colour));
-        painter.drawPolyline(run);
+        paintline(run, painter);
     }
     painter.setPen(pen(magenta));
     painter.drawLine(at(0, study.analysis.top1), line.front());
@@ -170,10 +156,10 @@ void ProfilePainting::paintterrain()
 /// and the sky.
 void ProfilePainting::paintray(const QPolygonF& ray)
 {
-    painter.setPen(QPen(casing, 2.5));
-    painter.drawPolyline(ray);
-    painter.setPen(QPen(raycolour(study), 1));
-    painter.drawPolyline(ray);
+    painter.setPen(QPen(casing, 3, Qt::SolidLine, Qt::FlatCap));
+    paintline(ray, painter);
+    painter.setPen(QPen(raycolour(study), 1.6));
+    paintline(ray, painter);
 }
 
 void ProfilePainting::paintrays()
@@ -218,14 +204,15 @@ QColor raycolour(const LinkStudy& study)
 void paintprofile(const LinkStudy& study, const QSizeF& size, QPainter& painter)
 {
     const GraphPainting graph(size, painter);
-    if (!study.done)
+    const GraphScale scale = profilescale(study);
+    if (!study.done || !std::isfinite(scale.top) || !std::isfinite(scale.height))
         return;
     ProfilePainting profile(study, size, painter);
     profile.paintsky();
     paintelevations(study, size, painter);
     profile.paintground();
-    paintaxes(study, size, painter);
     profile.paintzones();
+    paintaxes(study, size, painter);
     profile.paintterrain();
     profile.paintrays();
 }

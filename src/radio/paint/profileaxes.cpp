@@ -15,9 +15,11 @@ namespace
 {
 /// Least distance of ticks, in heights and widths of the font.
 constexpr double tickrows = 2.4;
-constexpr double tickcolumns = 7;
+constexpr double tickcolumns = 9;
 constexpr double ticklength = 4; // pixels
 constexpr double tickgap = 2;
+/// How much narrower than usual a figure may become.
+constexpr double narrowest = 0.6;
 /// Texts over the earth's dark body.
 constexpr QColor lightink{232, 235, 240};
 
@@ -35,28 +37,15 @@ ElevationTicks elevationticks(const LinkStudy& study, const QSizeF& size, double
     ElevationTicks ticks{tickstep(std::abs(scale.height), most), {}};
     if (!(ticks.step > 0))
         return ticks;
-    const double low = drawnheights(study).low;
-    for (double k = std::ceil(low / ticks.step);; ++k) {
-        const double value = k * ticks.step;
+    const double first = std::ceil(drawnheights(study).low / ticks.step);
+    const auto count = static_cast<int>(most) + 1;
+    for (int k = 0; k < count; ++k) {
+        const double value = (first + k) * ticks.step;
         if (scale.at(0, value, size).y() < textband + 1.6 * row_px)
-            return ticks;
+            break;
         ticks.values.push_back(value);
     }
-}
-
-/// Text at the left of the axis, made narrower where the margin is.
-void paintelevation(double right, double y, const QString& text, QPainter& painter)
-{
-    const QFontMetricsF metrics(painter.font());
-    const double width = metrics.horizontalAdvance(text);
-    const double room = right - 1;
-    painter.save();
-    painter.translate(right, y);
-    if (width > room)
-        painter.scale(std::max(room / width, 0.6), 1);
-    painttext(QRectF(-width, -metrics.height() / 2, width, metrics.height()), Qt::AlignRight, text,
-              painter);
-    painter.restore();
+    return ticks;
 }
 
 void paintheights(const LinkStudy& study, const QSizeF& size, QPainter& painter)
@@ -68,13 +57,11 @@ void paintheights(const LinkStudy& study, const QSizeF& size, QPainter& painter)
     painter.setPen(QPen(axisink, 1));
     double highest = size.height();
     for (const double value : ticks.values) {
-        const double y = scale.at(0, value, size).y();
-        painter.drawLine(QPointF(axis - ticklength, y), QPointF(axis, y));
-        paintelevation(axis - ticklength - tickgap, y, ticktext(value, ticks.step), painter);
-        highest = y;
+        highest = scale.at(0, value, size).y();
+        paintfigure(axis, highest, ticktext(value, ticks.step), painter);
     }
     if (!ticks.values.empty())
-        paintelevation(axis - ticklength - tickgap, highest - row_px, QStringLiteral("m"), painter);
+        paintunit(axis, highest - row_px, QStringLiteral("m"), painter);
 }
 
 QString antennatext(const std::string& name, double height_m)
@@ -95,6 +82,26 @@ void paintnames(const LinkStudy& study, const QSizeF& size, QPainter& painter)
     painttext(box, Qt::AlignRight, antennatext(study.nameb, record.h2), painter);
 }
 } // namespace
+
+void paintunit(double axis, double y, const QString& text, QPainter& painter)
+{
+    const QFontMetricsF metrics(painter.font());
+    const double width = metrics.horizontalAdvance(text);
+    const double room = axis - ticklength - tickgap - 1;
+    painter.save();
+    painter.translate(room + 1, y);
+    if (width > room)
+        painter.scale(std::max(room / width, narrowest), 1);
+    painttext(QRectF(-width, -metrics.height() / 2, width, metrics.height()), Qt::AlignRight, text,
+              painter);
+    painter.restore();
+}
+
+void paintfigure(double axis, double y, const QString& text, QPainter& painter)
+{
+    painter.drawLine(QPointF(axis - ticklength, y), QPointF(axis, y));
+    paintunit(axis, y, text, painter);
+}
 
 DrawnHeights drawnheights(const LinkStudy& study)
 {
@@ -118,15 +125,18 @@ double bulgeat(const LinkStudy& study, double i)
 
 void paintelevations(const LinkStudy& study, const QSizeF& size, QPainter& painter)
 {
+    constexpr int segments = 128;
     const GraphScale scale = profilescale(study);
     const double row_px = QFontMetricsF(painter.font()).height();
     const int n = study.link.profile.intervals();
-    painter.setPen(QPen(gridink, 1));
+    painter.setPen(QPen(gridink, 1, Qt::SolidLine, Qt::FlatCap));
     for (const double value : elevationticks(study, size, row_px).values) {
         QPolygonF line;
-        for (int i = 0; i <= n; ++i)
-            line << scale.at(i, value + bulgeat(study, i), size);
-        painter.drawPolyline(line);
+        for (int k = 0; k <= segments; ++k) {
+            const double i = static_cast<double>(k) * n / segments;
+            line << heldpoint(scale.at(i, value + bulgeat(study, i), size));
+        }
+        paintline(line, painter);
     }
 }
 

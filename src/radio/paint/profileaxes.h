@@ -3,6 +3,7 @@
 #include "radio/paint/linkpicture.h"
 
 class QPainter;
+class QString;
 
 /// Part of the heights that a profile picture shows, m: what the drawing was widened to.
 struct DrawnHeights {
@@ -22,3 +23,8 @@ void paintaxes(const LinkStudy& study, const QSizeF& size, QPainter& painter);
 /// Ticks and figures in km along the bottom of a graph with a profile's horizontal scale.
 void paintdistances(const LinkStudy& study, const QSizeF& size, const QColor& ink,
                     QPainter& painter);
+
+/// A tick at the left of an upright axis with its figure, narrower where the margin is.
+void paintfigure(double axis, double y, const QString& text, QPainter& painter);
+/// A text there without a tick.
+void paintunit(double axis, double y, const QString& text, QPainter& painter);

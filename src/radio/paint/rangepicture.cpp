@@ -28,43 +28,62 @@ QColor losscolour(double level_db)
     return level_db > -3 ? yellow : brightred;
 }
 
+/// Lines, ticks and figures in dB, between the band of text and the axis of distances.
 void paintlosses(const LinkStudy& study, const GraphScale& scale, const QSizeF& size,
                  QPainter& painter)
 {
-    const QFontMetricsF metrics(painter.font());
-    const double step = tickstep(scale.height, size.height() / (metrics.height() * 2.4));
+    const double row_px = QFontMetricsF(painter.font()).height();
+    const double step = tickstep(scale.height, size.height() / (row_px * 2.4));
     const double left = scale.at(0, 0, size).x();
     const double right = scale.at(study.link.profile.intervals(), 0, size).x();
     if (!(step > 0))
         return;
+    double highest = size.height();
     for (double loss = step; loss < scale.height; loss += step) {
         const double y = scale.at(0, loss, size).y();
-        if (y < textband || y > size.height() - 2 * metrics.height())
+        if (y < textband + 1.6 * row_px || y > size.height() - 2 * row_px)
             continue;
         painter.setPen(QPen(gridink, 1));
         painter.drawLine(QPointF(left, y), QPointF(right, y));
-        painter.setPen(axisink);
-        painttext(QRectF(0, y - metrics.height() / 2, left - 3, metrics.height()), Qt::AlignRight,
-                  ticktext(loss, step), painter);
+        painter.setPen(QPen(axisink, 1));
+        paintfigure(left, y, ticktext(loss, step), painter);
+        highest = std::min(highest, y);
     }
+    paintunit(left, highest - row_px, QStringLiteral("dB"), painter);
 }
 
-/// The system gain: a line across, and its text at the line's end, on the side that the curve
-/// leaves free there.
-void paintgain(const LinkStudy& study, const GraphScale& scale, const QSizeF& size,
+/// The curve of the losses from no loss at the left station on.
+QPolygonF losscurve(const Link& link, const GraphScale& scale, const QSizeF& size)
+{
+    QPolygonF curve{scale.at(0, 0, size)};
+    for (int i = 1; i <= link.profile.intervals(); ++i)
+        curve << heldpoint(scale.at(i, link.lossat(i), size));
+    return curve;
+}
+
+/// The system gain: a line across, and its text at the line's end where the curve leaves it free:
+/// below the line and whatever of the curve hangs below it there, else above both.
+void paintgain(const Link& link, const QPolygonF& curve, double y, const QSizeF& size,
                QPainter& painter)
 {
-    const Link& link = study.link;
+    const QString text =
+        QString::fromStdString("Gain de système=" + formatnumber("0.0 dB", link.gain12));
     const QFontMetricsF metrics(painter.font());
-    const double y = scale.at(0, link.gain12, size).y();
+    const double width = metrics.horizontalAdvance(text);
+    const double start = curve.back().x() - width;
+    double lowest = y;
+    double highest = y;
+    for (const QPointF& point : curve)
+        if (point.x() >= start) {
+            lowest = std::max(lowest, point.y());
+            highest = std::min(highest, point.y());
+        }
+    const double row = metrics.height();
+    const bool below = lowest + 4 * row < size.height();
     painter.setPen(QPen(yellow, 1));
     painter.drawLine(QPointF(0, y), QPointF(size.width(), y));
-    const bool above = link.lossat(link.profile.intervals()) > link.gain12;
-    const QRectF box(0, above ? y - metrics.height() - 2 : y + 2,
-                     scale.at(link.profile.intervals(), 0, size).x(), metrics.height());
-    painttext(box, Qt::AlignRight,
-              QString::fromStdString("Gain de système=" + formatnumber("0.0 dB", link.gain12)),
-              painter);
+    painttext(QRectF(start, below ? lowest + 2 : highest - row - 2, width, row), Qt::AlignLeft,
+              text, painter);
 }
 } // namespace
 
@@ -72,42 +91,15 @@ void paintrange(const LinkStudy& study, const QSizeF& size, QPainter& painter)
 {
     const GraphPainting graph(size, painter);
     const Link& link = study.link;
-    if (!study.done || !rangesample(link) || link.gain12 == 0)
+    if (!study.done || !rangesample(link) || link.gain12 == 0 || !std::isfinite(link.gain12))
         return;
     const GraphScale scale = rangescale(study);
+    const QPolygonF curve = losscurve(link, scale, size);
     paintlosses(study, scale, size, painter);
     paintdistances(study, size, axisink, painter);
-    paintgain(study, scale, size, painter);
-    QPointF last = scale.at(0, 0, size);
+    paintgain(link, curve, scale.at(0, link.gain12, size).y(), size, painter);
     for (int i = 1; i <= link.profile.intervals(); ++i) {
-        const QPointF next = scale.at(i, link.lossat(i), size);
-        painter.setPen(
-            QPen(losscolour(link.gain12 - link.lossat(i)), 2, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(last, next);
-        last = next;
+        painter.setPen(QPen(losscolour(link.gain12 - link.lossat(i)), 2));
+        painter.drawLine(curve[i - 1], curve[i]);
     }
-}
-
-void paintdetails(const LinkStudy& study, const QSizeF& size, QPainter& painter)
-{
-    const GraphPainting graph(size, painter);
-    if (!study.done)
-        return;
-    QString text;
-    for (const std::string& line : study.analysis.linktext)
-        text += QString::fromStdString(line) + QLatin1Char('\n');
-    text.remove(QLatin1Char('\r'));
-    const double border = size.width() / 40;
-    const QRectF page(border, border, size.width() - 2 * border, size.height() - 2 * border);
-    constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
-    QFont font = painter.font();
-    // The largest letters with which all of it fits.
-    for (int pixels = font.pixelSize() + 3; pixels > 5; --pixels) {
-        font.setPixelSize(pixels);
-        painter.setFont(font);
-        if (painter.boundingRect(page, flags, text).height() <= page.height())
-            break;
-    }
-    painter.setPen(Qt::black);
-    painter.drawText(page, flags, text);
 }
