@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <string_view>
 
 /// The file that the command line names, empty for none. A relative name counts from the folder in
@@ -65,6 +66,7 @@ static std::string readcommandline(const QCoreApplication& application)
 
 int main(int argc, char** argv)
 {
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on files is met as a full disk is: the write fails
     QCoreApplication::setApplicationName(QString::fromUtf8(apptitle));
     QCoreApplication::setApplicationVersion(QString::fromStdString(appversion()));
     QTranslator french;

@@ -10,14 +10,27 @@
 #include <cstdio>
 #include <optional>
 
+static constexpr int largestraster_mb = 512;
+
+/// True where the pixels of a picture take no more memory than any map needs. A file may hold them
+/// in a fraction of it.
+static bool affordable(const QSize& size)
+{
+    constexpr qint64 most = qint64{largestraster_mb} << 20;
+    constexpr qint64 pixelbytes = 4;
+    return qint64{size.width()} * size.height() <= most / pixelbytes;
+}
+
 QImage readraster(const std::string& path)
 {
-    constexpr int largest = 512; // MB of pixels; more than any screenful of map needs
-    QImageReader::setAllocationLimit(largest);
+    QImageReader::setAllocationLimit(largestraster_mb);
     QImageReader reader(QString::fromStdString(path));
     reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true); // photographs stand upright
+    if (!affordable(reader.size()))
+        return {};
     const QImage read = reader.read();
-    if (read.isNull())
+    if (read.isNull() || !affordable(read.size()))
         return {};
     QImage image(read.size(), QImage::Format_RGB32);
     image.fill(Qt::white);
