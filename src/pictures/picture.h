@@ -14,6 +14,9 @@ inline constexpr std::int16_t view3d = 3;
 inline constexpr std::int16_t observation = 4;
 } // namespace pictype
 
+/// Caption, name and source of the world map.
+inline constexpr const char* worldtitle = "Mappemonde";
+
 /// A picture's data beside its pixels. Corners go clockwise from the top left.
 struct Picture {
     std::string source;   ///< where it came from, as the status line shows it
@@ -32,8 +35,9 @@ struct Picture {
     float minx = 0, maxx = 0;            ///< floor and ceiling of the rendering, m
     int scalewidth = 0, scaleheight = 0; ///< size of the surface, pixels
 
-    /// The world map, which most loops over pictures leave out.
-    bool isworld() const { return source == "Mappemonde"; }
+    /// The world map, which most loops over pictures leave out; saved under a name it is a picture
+    /// as any other.
+    bool isworld() const { return Filename == worldtitle; }
     /// A stereo picture carries no overlay and no crosshair.
     bool isstereo() const;
     /// Pixels have positions: a map or a picture of four corners.

@@ -12,12 +12,10 @@
 namespace
 {
 
-constexpr const char* title = "Mappemonde";
-
 OpenPicture* openworld()
 {
     const auto found = std::find_if(openpictures.begin(), openpictures.end(),
-                                    [](const auto& open) { return open->caption == title; });
+                                    [](const auto& open) { return open->caption == worldtitle; });
     return found == openpictures.end() ? nullptr : found->get();
 }
 
@@ -39,7 +37,7 @@ OpenPicture& addworld()
 {
     openpictures.push_back(std::make_unique<OpenPicture>());
     OpenPicture& picture = *openpictures.back();
-    picture.caption = picture.data.source = picture.data.Filename = title;
+    picture.caption = picture.data.source = picture.data.Filename = worldtitle;
     picture.data.Pictype = pictype::map;
     picture.data.lon = {-180, 180, 180, -180};
     picture.data.lat = {90, 90, -90, -90};

@@ -96,11 +96,17 @@ TEST_F(Overlay, PlainStereoAndWorldPicturesCarryNothing)
     drawstations(0, false);
     EXPECT_TRUE(untouched());
     picture->data.Pictype = pictype::map;
-    for (const char* source : {"stereo", "STEREO de carte", "Mappemonde"}) {
+    for (const char* source : {"stereo", "STEREO de carte"}) {
         picture->data.source = source;
         drawstations(0, false);
         EXPECT_TRUE(untouched()) << source;
     }
+    picture->data.source = picture->data.Filename = "Mappemonde";
+    drawstations(0, false);
+    EXPECT_TRUE(untouched());
+    picture->data.Filename = "/cartes/monde.bmp"; // saved, it is a picture as any other
+    drawstations(0, false);
+    EXPECT_FALSE(untouched());
 }
 
 TEST_F(Overlay, OneStationCanBeDrawnAloneAfterErasing)
