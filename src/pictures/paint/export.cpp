@@ -15,17 +15,28 @@
 namespace
 {
 /// Rectangle whose outermost pixel centres have these positions.
-GeoBox boxofcentres(double west, double east, double south, double north, const QImage& image)
+GeoBox boxofcentres(double west, double east, double south, double north, QSize size)
 {
-    const double halfx = (east - west) / (image.width() - 1) / 2;
-    const double halfy = (north - south) / (image.height() - 1) / 2;
+    const double halfx = (east - west) / (size.width() - 1) / 2;
+    const double halfy = (north - south) / (size.height() - 1) / 2;
     return {west - halfx, east + halfx, south - halfy, north + halfy};
 }
 
-/// The picture's pixel under each pixel of the rectangle.
-QImage resampled(const QImage& image, const Picture& picture, const GeoBox& box)
+/// Pixels over an extent of degrees that are as fine as those of a picture, however it is turned.
+///   corners  of the picture, longitudes or latitudes
+int finepixels(const std::array<float, 4>& corners, double extent, const QImage& image)
 {
-    QImage out(image.size(), QImage::Format_ARGB32);
+    const auto [a, b, c, d] = corners;
+    const double alongx = double{b - a + c - d} / 2 / (image.width() - 1);
+    const double alongy = double{d - a + c - b} / 2 / (image.height() - 1);
+    const double pixels = std::round(extent / std::hypot(alongx, alongy) + 1);
+    return static_cast<int>(std::clamp(pixels, 2.0, double(image.width() + image.height())));
+}
+
+/// The picture's pixel under each pixel of the rectangle.
+QImage resampled(const QImage& image, const Picture& picture, const GeoBox& box, QSize size)
+{
+    QImage out(size, QImage::Format_ARGB32);
     out.fill(Qt::transparent);
     for (int y = 0; y < out.height(); ++y) {
         const double lat = box.north - (y + 0.5) / out.height() * (box.north - box.south);
@@ -192,14 +203,16 @@ GeoImage geoimage(const QImage& image, const Picture& picture)
     if (picture.Pictype == pictype::map)
         return {image.convertToFormat(QImage::Format_ARGB32),
                 boxofcentres(double{picture.lon[0]}, double{picture.lon[1]}, double{picture.lat[3]},
-                             double{picture.lat[0]}, image)};
+                             double{picture.lat[0]}, image.size())};
     const auto [west, east] = std::minmax_element(picture.lon.begin(), picture.lon.end());
     const auto [south, north] = std::minmax_element(picture.lat.begin(), picture.lat.end());
     if (!(*west < *east) || !(*south < *north))
         return {};
+    const QSize size(finepixels(picture.lon, double{*east} - double{*west}, image),
+                     finepixels(picture.lat, double{*north} - double{*south}, image));
     const GeoBox box =
-        boxofcentres(double{*west}, double{*east}, double{*south}, double{*north}, image);
-    return {resampled(image, picture, box), box};
+        boxofcentres(double{*west}, double{*east}, double{*south}, double{*north}, size);
+    return {resampled(image, picture, box, size), box};
 }
 
 bool writegeotiff(const std::string& path, const QImage& image, const Picture& picture,

@@ -19,7 +19,8 @@ struct GeoImage {
 };
 
 /// Lays a placed picture into its rectangle. A map's own rendering keeps its pixels; a picture of
-/// four corners is sampled anew, the nearest pixel each. A null image when it has no position.
+/// four corners is sampled anew, as finely as it is, the nearest pixel each. A null image when it
+/// has no position.
 GeoImage geoimage(const QImage& image, const Picture& picture);
 
 /// Writes a picture as a GeoTIFF: WGS 84 in degrees, one sample a pixel, without compression loss.

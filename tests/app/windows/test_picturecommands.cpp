@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -124,4 +125,30 @@ TEST_F(PictureCommands, TheWorldMapTakesNoDrawing)
     ASSERT_EQ(openpictures.size(), 2U);
     EXPECT_EQ(openpictures[0]->surface.kept, before);
     EXPECT_EQ(openpictures[1]->data.maxx, 77);
+}
+
+TEST_F(PictureCommands, ExportsAMapAndAFourCornerPicture)
+{
+    answer("mnuFileNewPic", "Propriétés de la nouvelle image", "apply");
+    expectfilename("Exporter l'image", path("carte.tif"));
+    OpenPicture& picture = *openpictures[0];
+    picture.data.lon = {7, 8, 8, 7};
+    picture.data.lat = {45, 45, 44, 44};
+    choose("mnuFileExportPic");
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(path("carte.tif"))));
+    picture.data.Pictype = pictype::fourcorners;
+    picture.data.lon = {7, 8, 7.9F, 6.9F};
+    expectfilename("Exporter l'image", path("penchée.kml"));
+    choose("mnuFileExportPic");
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(path("penchée.kml"))));
+    EXPECT_FALSE(QImage(QString::fromStdString(path("penchée.png"))).isNull());
+}
+
+TEST_F(PictureCommands, TellsThatAPictureWithoutAPositionCannotBeExported)
+{
+    addpicture("/images/vue.bmp");
+    expectfilename("Exporter l'image", path("vue.tif"));
+    expectquestion(path("vue.tif") + " impossible à enregistrer", Answer::ok);
+    choose("mnuFileExportPic");
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(path("vue.tif"))));
 }
