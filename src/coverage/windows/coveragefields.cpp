@@ -137,6 +137,6 @@ QGroupBox* formbox(const QString& title, QFormLayout*& form, QWidget* parent)
 {
     auto* box = new QGroupBox(title, parent);
     form = new QFormLayout(box);
-    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     return box;
 }

@@ -57,9 +57,11 @@ frmCoverage::frmCoverage(QWidget* parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("Couverture radio"));
     auto* grid = new QGridLayout(this);
     grid->addWidget(makestations(), 0, 0);
-    grid->addWidget(makesweep(), 0, 1);
-    grid->addWidget(makepattern(), 1, 0);
-    grid->addWidget(makelevels(), 1, 1);
+    grid->addWidget(makesweep(), 1, 0);
+    auto* right = new QVBoxLayout;
+    right->addWidget(makelevels());
+    right->addWidget(makepattern(), 1);
+    grid->addLayout(right, 0, 1, 2, 1);
     grid->addWidget(makebuttons(), 2, 0, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
     fill();
