@@ -12,36 +12,21 @@ constexpr double earthdrop = 1.0 / 12750000;
 /// Radials that are computed together; a whole number of tens.
 constexpr int chunk = 40;
 
-/// Heights and distances along a ray, one entry a sample.
-struct Ray {
-    std::vector<double> rel_m;  ///< ground above the sensor's horizontal plane
-    std::vector<double> drop_m; ///< fall of the earth's surface
-    std::vector<double> d_m;
-};
-
-/// Cells along the ray, in plain loops that compilers turn into vector code.
-void cutray(const ViewSweep& sweep, double ux, double uy, int count, Ray& ray)
+/// Places of a ray's samples in the map's table, in a plain loop that compilers turn into vector
+/// code.
+void cutray(const ViewSweep& sweep, double ux, double uy, int count,
+            std::vector<std::int32_t>& cells)
 {
-    const MapGrid& map = *sweep.map;
-    const std::int16_t* samples = map.samples.data();
-    const std::ptrdiff_t width = map.width;
-    const std::ptrdiff_t upper = map.uppery();
-    ray.rel_m.resize(static_cast<std::size_t>(count));
-    ray.drop_m.resize(static_cast<std::size_t>(count));
-    ray.d_m.resize(static_cast<std::size_t>(count));
+    const std::int32_t width = sweep.map->width;
+    const std::int32_t upper = sweep.map->uppery();
+    const double x0 = sweep.centre.x0;
+    const double y0 = sweep.centre.y0;
+    cells.resize(static_cast<std::size_t>(count));
+    std::int32_t* cell = cells.data();
     for (int i = 0; i < count; ++i) {
-        const double d_m = sweep.step_m * (i + 1);
-        ray.d_m[static_cast<std::size_t>(i)] = d_m;
-        ray.drop_m[static_cast<std::size_t>(i)] = d_m * d_m * earthdrop;
-    }
-    for (int i = 0; i < count; ++i) {
-        const std::ptrdiff_t column = nearestcell((i + 1) * ux + sweep.centre.x0);
-        const std::ptrdiff_t row = upper - nearestcell((i + 1) * uy + sweep.centre.y0);
-        ray.rel_m[static_cast<std::size_t>(i)] = samples[row * width + column];
-    }
-    for (int i = 0; i < count; ++i) {
-        double& rel_m = ray.rel_m[static_cast<std::size_t>(i)];
-        rel_m = rel_m - ray.drop_m[static_cast<std::size_t>(i)] - sweep.sensor_m;
+        const std::int32_t column = nearestcell((i + 1) * ux + x0);
+        const std::int32_t row = upper - nearestcell((i + 1) * uy + y0);
+        cell[i] = row * width + column;
     }
 }
 
@@ -82,34 +67,49 @@ std::optional<ViewSweep> prepareview(const MapGrid& map, const ViewOrder& order,
     sweep.step_m = range_km / whole * 1000;
     sweep.samples = static_cast<int>(smin(whole, most));
     sweep.first = static_cast<int>(roundeven(smax(1.0, smin(near_km * height / size_km, most))));
+    for (int c = 1; c <= sweep.samples; ++c) {
+        const double d_m = sweep.step_m * c;
+        sweep.drop_m.push_back(d_m * d_m * earthdrop);
+    }
     return sweep;
 }
 
 void viewradial(const ViewSweep& sweep, int k, std::vector<int>& seen)
 {
-    seen.clear();
     const double angle = (sweep.azimuths[static_cast<std::size_t>(k)] - 90) * degree;
     const double ux = std::cos(angle);
     const double uy = std::sin(angle);
     const int count = samplesinside(*sweep.map, sweep.centre, ux, uy, sweep.samples);
-    thread_local Ray ray;
-    cutray(sweep, ux, uy, count, ray);
+    thread_local std::vector<std::int32_t> cells;
+    cutray(sweep, ux, uy, count, cells);
 
+    const std::int16_t* ground = sweep.map->samples.data();
     const double targeth_m = double{sweep.order.targeth};
+    const auto relative_m = [&](int c) {
+        const auto i = static_cast<std::size_t>(c - 1);
+        return ground[cells[i]] - sweep.drop_m[i] - sweep.sensor_m;
+    };
+    const auto target_m = [&](int c, double rel_m) {
+        const auto i = static_cast<std::size_t>(c - 1);
+        return sweep.order.terrainfollow ? rel_m + targeth_m
+                                         : targeth_m - sweep.drop_m[i] - sweep.sensor_m;
+    };
+    // Every sample is written, and stays only when it is seen: what is seen can't be foretold.
+    seen.resize(static_cast<std::size_t>(count) + 1);
+    std::size_t found = 0;
     double horizon = -1e99;
     for (int c = 1; c <= count; ++c) {
-        const auto i = static_cast<std::size_t>(c - 1);
-        const double rel_m = ray.rel_m[i];
-        const double d_m = ray.d_m[i];
+        const double d_m = sweep.step_m * c;
+        const double rel_m = relative_m(c);
         horizon = smax(horizon, rel_m / d_m);
-        const double target_m = sweep.order.terrainfollow
-                                    ? rel_m + targeth_m
-                                    : targeth_m - ray.drop_m[i] - sweep.sensor_m;
-        if (c < sweep.first || target_m / d_m < horizon)
-            continue;
-        if (!sweep.order.radar || inbeam(*sweep.order.radar, d_m, target_m))
-            seen.push_back(c);
+        seen[found] = c;
+        found += c >= sweep.first && !(target_m(c, rel_m) / d_m < horizon) ? 1 : 0;
     }
+    seen.resize(found);
+    if (sweep.order.radar)
+        std::erase_if(seen, [&](int c) {
+            return !inbeam(*sweep.order.radar, sweep.step_m * c, target_m(c, relative_m(c)));
+        });
 }
 
 double seenarea(const ViewSweep& sweep, std::int64_t rings)

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <span>
+#include <vector>
 
 /// All that a visual coverage is asked for.
 struct ViewOrder {
@@ -25,6 +26,7 @@ struct ViewSweep {
     double step_m = 0;            ///< length of a step of one cell
     int samples = 0;              ///< one a cell, as far as the map can reach
     int first = 1;                ///< samples before it are not painted
+    std::vector<double> drop_m;   ///< fall of the earth's surface at samples 1, 2, ...
 };
 
 /// Makes a sweep ready around a sensor on ground of a given height. Nothing when the map has no
