@@ -22,7 +22,7 @@ inline constexpr QColor gridink{255, 255, 255, 44};
 
 /// Far outside any picture, in pixels: places beyond are painted here, so that absurd numbers cost
 /// the rasteriser nothing.
-inline constexpr double faroutside = 1e5;
+inline constexpr double faroutside = 2e4;
 
 /// Height in pixels of the band at a picture's top that stays free for a line of text.
 inline constexpr double textband = 26;

@@ -129,6 +129,8 @@ void paintelevations(const LinkStudy& study, const QSizeF& size, QPainter& paint
     const GraphScale scale = profilescale(study);
     const double row_px = QFontMetricsF(painter.font()).height();
     const int n = study.link.profile.intervals();
+    painter.save();
+    painter.setClipRect(QRectF(0, textband, size.width(), size.height()), Qt::IntersectClip);
     painter.setPen(QPen(gridink, 1, Qt::SolidLine, Qt::FlatCap));
     for (const double value : elevationticks(study, size, row_px).values) {
         QPolygonF line;
@@ -138,6 +140,7 @@ void paintelevations(const LinkStudy& study, const QSizeF& size, QPainter& paint
         }
         paintline(line, painter);
     }
+    painter.restore();
 }
 
 void paintdistances(const LinkStudy& study, const QSizeF& size, const QColor& ink,
