@@ -1,3 +1,4 @@
+#include "app/base/paths.h"
 #include "cli/handmade.h"
 #include "cli/process.h"
 #include "network/netfile.h"
@@ -135,6 +136,38 @@ TEST_F(OneLink, PrintsLossesAsJson)
     EXPECT_TRUE(json.starts_with("[\n  {\"i\": 0, \"distance_m\": 0, \"elevation_m\": 120, "
                                  "\"loss_db\": 0},\n  {\"i\": 1, "));
     EXPECT_TRUE(json.ends_with("}\n]\n"));
+}
+
+TEST_F(OneLink, ExportsTheProfile)
+{
+    EXPECT_EQ(success({"export", "plan.net", "Tour", "Château", "2", "-o", "out.txt"}).out, "");
+    const std::string text = readfile((folder / "out.txt").string()).value();
+    EXPECT_TRUE(text.starts_with("Velmora\r\nVersion ")) << text;
+    EXPECT_NE(text.find("\r\nStart\r\nTour\r\n 15 \r\nCh\xE2teau\r\n 15 \r\n 0.146 \r\n 1.33"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("\r\n0000.000\t0120.0\t0\t0\r\n0001.000\t0120.0\t0\t0\r\n"),
+              std::string::npos);
+    EXPECT_NE(text.find("\r\n0010.000\t0180.0\t0\t0\r\n"), std::string::npos);
+    EXPECT_TRUE(text.ends_with("\r\n0020.000\t0120.5\t0\t0\r\n"));
+}
+
+TEST_F(OneLink, ExportsWithoutANet)
+{
+    success({"export", "plan.net", "1", "2", "0", "-o", "out.txt"});
+    const std::string text = readfile((folder / "out.txt").string()).value();
+    EXPECT_NE(text.find("\r\nTour\r\n 2 \r\nCh\xE2teau\r\n 2 \r\n 0 \r\n"), std::string::npos)
+        << text;
+}
+
+TEST_F(OneLink, ExportsNothingWithoutAProfile)
+{
+    failure(1, {"export", "plan.net", "1", "1", "2", "-o", "out.txt"});
+    failure(1, {"export", "plan.net", "1", "4", "2", "-o", "out.txt"});
+    failure(1, {"export", "plan.net", "1", "2", "2", "-o", "missing/out.txt"});
+    EXPECT_EQ(run({"export", "plan.net", "1", "2", "2"}).status, 2) << "no file named";
+    EXPECT_FALSE(std::filesystem::exists(folder / "out.txt"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "missing"));
 }
 
 TEST_F(OneLink, InterferenceModeLosesLess)

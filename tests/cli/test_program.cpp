@@ -17,8 +17,8 @@ TEST_F(Program, TellsItsVersion)
 TEST_F(Program, HelpsWithEveryCommand)
 {
     const std::string all = success({"--help"}).out;
-    for (const char* command : {"info", "evaluate", "lines", "link", "losses", "where", "parse",
-                                "elevation", "render", "draw"}) {
+    for (const char* command : {"info", "evaluate", "lines", "link", "losses", "export", "where",
+                                "parse", "elevation", "render", "draw"}) {
         EXPECT_NE(all.find(std::string("\n  ") + command), std::string::npos) << command;
         const std::string help = success({command, "--help"}).out;
         EXPECT_NE(help.find(command), std::string::npos);

@@ -103,8 +103,11 @@ QString ticktext(double value, double step)
 
 QPointF heldpoint(const QPointF& point)
 {
-    return {std::clamp(point.x(), -faroutside, faroutside),
-            std::clamp(point.y(), -faroutside, faroutside)};
+    // What is no number fails the comparison, too.
+    const auto held = [](double value) {
+        return value > -faroutside ? std::min(value, faroutside) : -faroutside;
+    };
+    return {held(point.x()), held(point.y())};
 }
 
 void painttext(const QRectF& box, int alignment, const QString& text, QPainter& painter)
