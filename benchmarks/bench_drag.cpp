@@ -52,7 +52,9 @@ void makenetwork(int nets, Topology kind)
     for (int unit = 1; unit <= MAXUNIT; ++unit) {
         Unit& station = network.units[static_cast<std::size_t>(unit)];
         station.name.assign("Station " + std::to_string(unit));
-        placeunit(unit, lonat(((unit - 1) % 7 + 0.5) / 7.2), latat(((unit - 1) / 7 + 0.5) / 8.2));
+        const int row = (unit - 1) / 7;
+        const int column = (unit - 1) % 7;
+        placeunit(unit, lonat((column + 0.5) / 7.2), latat((row + 0.5) / 8.2));
     }
     for (int n = 1; n <= MAXNET; ++n) {
         Net& net = network.nets[static_cast<std::size_t>(n)];

@@ -28,8 +28,8 @@ void tellplace(const Unit& unit)
 {
     float lon = unit.lon; // the texts bring their own copies into range
     float lat = unit.lat;
-    hooks.setlabel2(unit.name.text() + "  " + dmslon(lon) + "  " + dmslat(lat) + "  " +
-                    generalnumber(unit.elevation) + "m");
+    hooks.setlabel2(unit.name.text() + "  " + generalnumber(unit.elevation) + "m  " + dmslon(lon) +
+                    "  " + dmslat(lat));
 }
 
 } // namespace

@@ -31,6 +31,9 @@ const StationMark& markof(const OpenPicture& picture, int unit)
 StationMouse::StationMouse(OpenPicture& picture, QWidget* view)
     : QObject(view), shown(picture), surface(view)
 {
+    redraw.setSingleShot(true);
+    redraw.setInterval(0); // once all moves that wait have been taken
+    connect(&redraw, &QTimer::timeout, this, &StationMouse::carry);
 }
 
 bool StationMouse::pressed(const QMouseEvent& event)
@@ -78,17 +81,15 @@ bool StationMouse::dragged(const QMouseEvent& event)
         surface->setCursor(Qt::ClosedHandCursor);
     }
     wanted = event.position();
-    if (!pending) {
-        pending = true;
-        QMetaObject::invokeMethod(this, &StationMouse::carry, Qt::QueuedConnection);
-    }
+    if (!redraw.isActive())
+        redraw.start();
     return true;
 }
 
 /// Takes the station to where the mouse is now, within the picture.
 void StationMouse::carry()
 {
-    pending = false;
+    redraw.stop();
     if (!drag)
         return;
     const QPointF place = wanted - grip;
@@ -113,7 +114,7 @@ bool StationMouse::released(const QMouseEvent& event)
 
 void StationMouse::settle()
 {
-    if (pending)
+    if (redraw.isActive())
         carry();
     if (drag)
         ::settle(*drag);
@@ -127,7 +128,7 @@ bool StationMouse::escape()
         return false;
     putback(*drag);
     drag.reset();
-    pending = false;
+    redraw.stop();
     given = true; // the button is still down
     surface->setCursor(Qt::CrossCursor);
     return true;

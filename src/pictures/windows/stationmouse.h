@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -62,6 +63,6 @@ private:
     QPointF pressedat;
     QPointF grip;   ///< from the station to the mouse
     QPointF wanted; ///< where the mouse is; moves that come faster than the drawing fall together
-    bool pending = false;
+    QTimer redraw;  ///< runs from a move until it is drawn
     std::optional<StationDrag> drag;
 };

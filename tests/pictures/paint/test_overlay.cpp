@@ -236,6 +236,7 @@ namespace
 std::vector<LinkLine> fan(int count)
 {
     std::vector<LinkLine> lines;
+    lines.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         lines.push_back({QPoint(5, 100), QPoint(295, 2 * i % 200), 1 + i % 6});
     return lines;
