@@ -58,8 +58,11 @@ void Chart::paintgrid()
 {
     constexpr double division_db = 10;
     painter.setPen(QPen(gridgreen, 1));
-    for (double x = spread.hi - 1; x >= spread.lo; x -= division_db)
+    const auto last = static_cast<int>((spread.hi - 1 - spread.lo) / division_db);
+    for (int k = 0; k <= last; ++k) {
+        const double x = spread.hi - 1 - k * division_db;
         painter.drawLine(at(x, 0), at(x, 1));
+    }
 }
 
 /// The bars over losses from first to last, 1 dB each, as one outline, so that no seams show

@@ -22,11 +22,11 @@ QList<QPolygonF> piecesof(const QPolygonF& curve)
 {
     QList<QPolygonF> pieces;
     QPolygonF piece{curve.front()};
-    double cut = (std::floor(curve.front().x() / piecewidth) + 1) * piecewidth;
+    int cut = static_cast<int>(std::floor(curve.front().x() / piecewidth)) + 1;
     for (qsizetype i = 1; i < curve.size(); ++i) {
         const QLineF segment(curve[i - 1], curve[i]);
-        for (; cut < segment.x2(); cut += piecewidth) {
-            piece << segment.pointAt((cut - segment.x1()) / segment.dx());
+        for (; cut * piecewidth < segment.x2(); ++cut) {
+            piece << segment.pointAt((cut * piecewidth - segment.x1()) / segment.dx());
             pieces << piece;
             piece = {piece.back()};
         }

@@ -7,9 +7,7 @@
 
 #include <QLinearGradient>
 #include <QPainter>
-#include <QPainterPath>
 
-#include <array>
 #include <cmath>
 
 namespace

@@ -17,7 +17,6 @@ namespace
 constexpr double tickrows = 2.4;
 constexpr double tickcolumns = 9;
 constexpr double ticklength = 4; // pixels
-constexpr double tickgap = 2;
 /// How much narrower than usual a figure may become.
 constexpr double narrowest = 0.6;
 /// Texts over the earth's dark body.
@@ -64,6 +63,12 @@ void paintheights(const LinkStudy& study, const QSizeF& size, QPainter& painter)
         paintunit(axis, highest - row_px, QStringLiteral("m"), painter);
 }
 
+/// Length of the ticks left of an axis: shorter where they would take the figures' room.
+double lefttick(double axis)
+{
+    return std::min(ticklength, axis / 9);
+}
+
 QString antennatext(const std::string& name, double height_m)
 {
     return QString::fromStdString(name + " · " + formatnumber("0.0 m", height_m));
@@ -87,9 +92,10 @@ void paintunit(double axis, double y, const QString& text, QPainter& painter)
 {
     const QFontMetricsF metrics(painter.font());
     const double width = metrics.horizontalAdvance(text);
-    const double room = axis - ticklength - tickgap - 1;
+    const double right = axis - 1.5 * lefttick(axis);
+    const double room = right - 1;
     painter.save();
-    painter.translate(room + 1, y);
+    painter.translate(right, y);
     if (width > room)
         painter.scale(std::max(room / width, narrowest), 1);
     painttext(QRectF(-width, -metrics.height() / 2, width, metrics.height()), Qt::AlignRight, text,
@@ -99,7 +105,7 @@ void paintunit(double axis, double y, const QString& text, QPainter& painter)
 
 void paintfigure(double axis, double y, const QString& text, QPainter& painter)
 {
-    painter.drawLine(QPointF(axis - ticklength, y), QPointF(axis, y));
+    painter.drawLine(QPointF(axis - lefttick(axis), y), QPointF(axis, y));
     paintunit(axis, y, text, painter);
 }
 

@@ -39,7 +39,8 @@ void paintlosses(const LinkStudy& study, const GraphScale& scale, const QSizeF& 
     if (!(step > 0))
         return;
     double highest = size.height();
-    for (double loss = step; loss < scale.height; loss += step) {
+    for (int k = 1; k * step < scale.height; ++k) {
+        const double loss = k * step;
         const double y = scale.at(0, loss, size).y();
         if (y < textband + 1.6 * row_px || y > size.height() - 2 * row_px)
             continue;
