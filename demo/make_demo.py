@@ -204,8 +204,11 @@ def net(number):
 
 
 def coverage():
-    sweep = struct.pack("<5f", 100, 0, 360, 1, 0) + text("", 20)
-    return sweep + struct.pack("<hfhihi3fi", 0, -107, -1, YELLOW, 0, 0, 2, 2, 0, 0)
+    """The first coverage that anybody tries is a rainbow of signal levels in dBm; the visual one sees
+    from a mast."""
+    dbm, rainbow, mast = 1, 0, 10
+    sweep = struct.pack("<5f", 100, 0, 360, 1, 0) + text("omni.ant", 20)
+    return sweep + struct.pack("<hfhihi3fi", dbm, -107, -1, rainbow, 0, 0, mast, 2, 0, YELLOW)
 
 
 def write_network(path, map_name, terrain):

@@ -60,6 +60,14 @@ TEST_F(Demo, StandsItsStationsOnTheGround)
     EXPECT_EQ(placed, 15);
 }
 
+TEST_F(Demo, OffersARainbowOfSignalLevels)
+{
+    EXPECT_EQ(tables.coverage.unit, 1) << "in dBm, as the settings' first levels are";
+    EXPECT_NE(tables.coverage.drawsurface, 0);
+    EXPECT_EQ(tables.coverage.surfacecolour, 0);
+    EXPECT_EQ(tables.coverage.antfile.text(), "omni.ant");
+}
+
 TEST_F(Demo, ShowsEveryClassOfLine)
 {
     QualityTable table;
