@@ -108,9 +108,11 @@ void viewsweep(benchmark::State& state, bool painting)
         if (painting) {
             runview(
                 *sweep,
-                [&](std::span<const SectorQuad> quads) {
-                    for (const SectorQuad& quad : quads)
-                        fillquad(sheet.view(), quad, 0xffffff00U, PenMode::mask);
+                [&](const SectorSides& sides, std::span<const SampleRun> runs) {
+                    const Wedge wedge(sweep->centre, sides);
+                    for (const auto& [first, last] : runs)
+                        fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, 0xffffff00U,
+                                  PenMode::mask);
                 },
                 [](int) { return true; });
             continue;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace
 {
@@ -101,6 +102,70 @@ void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pix
                 fillrun(row, std::max(crossings[at].column, 0),
                         std::min(crossings[at + 1].column, sheet.width), pixel, mode);
         }
+    }
+}
+
+namespace
+{
+/// A point on a side, and the side's slope.
+struct WedgeSide {
+    double top, bottom; ///< heights it takes, without the lower one
+    double x0, y0;
+    double slope;
+};
+
+WedgeSide wedgeside(double ya, double yb, double x0, double y0, double slope)
+{
+    return {std::min(ya, yb), std::max(ya, yb), x0, y0, slope};
+}
+
+/// Nearest whole number at or above a number within +-2^31.
+std::int32_t wholeabove(double value)
+{
+    const std::int32_t nearest = nearestcell(value);
+    return nearest + (nearest < value ? 1 : 0);
+}
+} // namespace
+
+Wedge::Wedge(const SweepCentre& from, const SectorSides& between)
+    : centre(from), sides(between), leftslope(between.lx / between.ly),
+      rightslope(between.rx / between.ry),
+      chordslope((between.rx - between.lx) / (between.ry - between.ly))
+{
+}
+
+void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b, std::uint32_t pixel,
+               PenMode mode)
+{
+    const auto& [x0, y0] = wedge.centre;
+    const SectorSides& sides = wedge.sides;
+    const double nearleft = a * sides.ly + y0;
+    const double farleft = b * sides.ly + y0;
+    const double nearright = a * sides.ry + y0;
+    const double farright = b * sides.ry + y0;
+    const auto [top, bottom] = std::minmax({nearleft, farleft, nearright, farright});
+    const std::int32_t firstrow = std::max(wholeabove(top), 0);
+    const std::int32_t endrow = std::min(wholeabove(bottom), sheet.height);
+    if (firstrow >= endrow)
+        return;
+    // The long sides are taken through the centre, so that those of neighbours are the same lines.
+    const std::array outline{
+        wedgeside(nearleft, farleft, x0, y0, wedge.leftslope),
+        wedgeside(nearright, farright, x0, y0, wedge.rightslope),
+        wedgeside(nearleft, nearright, a * sides.lx + x0, nearleft, wedge.chordslope),
+        wedgeside(farleft, farright, b * sides.lx + x0, farleft, wedge.chordslope)};
+    for (std::int32_t y = firstrow; y < endrow; ++y) {
+        double left = std::numeric_limits<double>::infinity();
+        double right = -left;
+        for (const WedgeSide& side : outline)
+            if (y >= side.top && y < side.bottom) {
+                const double x = side.x0 + (y - side.y0) * side.slope;
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        if (left < right)
+            fillrun(sheet.pixels + std::ptrdiff_t{y} * sheet.stride, std::max(wholeabove(left), 0),
+                    std::min(wholeabove(right), sheet.width), pixel, mode);
     }
 }
 

@@ -33,6 +33,22 @@ constexpr std::uint32_t pixelof(std::int32_t colour)
 /// outline goes round it.
 void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode);
 
+/// The plane between the two sides of a radial's sectors, outward from the centre.
+struct Wedge {
+    Wedge(const SweepCentre& from, const SectorSides& between);
+
+    SweepCentre centre;
+    SectorSides sides;
+    double leftslope, rightslope; ///< columns a row along the sides; not used where they are level
+    double chordslope;            ///< and along the lines between them
+};
+
+/// Fills a wedge from `a` to `b` steps from the centre. Pixels count as in `fillquad`, corners are
+/// not rounded. Wedges with the same numbers for a common side leave neither holes between them nor
+/// pixels painted twice.
+void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b, std::uint32_t pixel,
+               PenMode mode);
+
 /// Draws a line of one pixel's width, both ends included.
 void drawline(const PixelSheet& sheet, PicturePoint from, PicturePoint to, std::uint32_t pixel);
 

@@ -119,29 +119,49 @@ double seenarea(const ViewSweep& sweep, std::int64_t rings)
            step_km;
 }
 
-std::int64_t runview(const ViewSweep& sweep,
-                     const std::function<void(std::span<const SectorQuad>)>& paint,
-                     const std::function<bool(int k)>& step)
+/// Samples in rising order as runs.
+static void joinruns(std::span<const int> samples, std::vector<SampleRun>& runs)
 {
+    runs.clear();
+    for (const int c : samples)
+        if (!runs.empty() && runs.back().last + 1 == c)
+            runs.back().last = c;
+        else
+            runs.push_back({c, c});
+}
+
+std::int64_t
+runview(const ViewSweep& sweep,
+        const std::function<void(const SectorSides&, std::span<const SampleRun>)>& paint,
+        const std::function<bool(int k)>& step)
+{
+    struct Radial {
+        std::vector<int> seen;
+        std::vector<SampleRun> runs;
+    };
     std::int64_t rings = 0;
-    std::vector<std::vector<int>> radials(chunk);
-    std::vector<SectorQuad> quads;
+    std::vector<Radial> radials(chunk);
+    SectorSides sides;
     const double half_deg = double{sweep.order.bounds.step} / 2;
-    const auto seenof = [&](int k) -> std::vector<int>& {
+    const auto radialof = [&](int k) -> Radial& {
         return radials[static_cast<std::size_t>(k % chunk)];
     };
     sweepradials(
         static_cast<int>(sweep.azimuths.size()) - 1, chunk,
-        [&](int k) { viewradial(sweep, k, seenof(k)); },
         [&](int k) {
-            const SectorSides sides =
-                sectorsides(sweep.azimuths[static_cast<std::size_t>(k)], half_deg, 1);
-            quads.clear();
-            for (const int c : seenof(k)) {
-                quads.push_back(sectorquad(sides, sweep.centre, c, finescale));
-                rings += c;
+            viewradial(sweep, k, radialof(k).seen);
+            joinruns(radialof(k).seen, radialof(k).runs);
+        },
+        [&](int k) {
+            const SectorSides before = sides;
+            sides = sectorsides(sweep.azimuths[static_cast<std::size_t>(k)], half_deg, 1);
+            if (k > 0) {
+                sides.lx = before.rx;
+                sides.ly = before.ry;
             }
-            paint(quads);
+            for (const int c : radialof(k).seen)
+                rings += c;
+            paint(sides, radialof(k).runs);
             return k % 10 != 0 || step(k);
         });
     return rings;

@@ -39,13 +39,22 @@ std::optional<ViewSweep> prepareview(const MapGrid& map, const ViewOrder& order,
 /// earth falls off with its true radius; there is no refraction.
 void viewradial(const ViewSweep& sweep, int k, std::vector<int>& seen);
 
+/// Samples that follow each other along a radial.
+struct SampleRun {
+    int first = 0;
+    int last = 0;
+    bool operator==(const SampleRun&) const = default;
+};
+
 /// The whole sweep.
-///   paint  takes the sectors of a radial to fill, corners in parts of a pixel
+///   paint  takes the sides of a radial's sectors, one pixel a step, and the seen samples; the left
+///          side is the right one of the radial before
 ///   step   called behind every tenth radial with its number; false stops the sweep at once
 /// Returns the sum of the seen samples' indices.
-std::int64_t runview(const ViewSweep& sweep,
-                     const std::function<void(std::span<const SectorQuad>)>& paint,
-                     const std::function<bool(int k)>& step);
+std::int64_t
+runview(const ViewSweep& sweep,
+        const std::function<void(const SectorSides&, std::span<const SampleRun>)>& paint,
+        const std::function<bool(int k)>& step);
 
 /// Seen area in km² as the polar sum of ring sectors.
 double seenarea(const ViewSweep& sweep, std::int64_t rings);

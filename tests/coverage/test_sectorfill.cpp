@@ -158,6 +158,55 @@ TEST(Sectors, OfPixelsSizeAndMoreAreNotPaintedTwice)
     EXPECT_EQ(*std::max_element(times.begin(), times.end()), 1);
 }
 
+TEST(FillWedge, PaintsEachPixelOfARingOnce)
+{
+    constexpr int side = 200;
+    const SweepCentre centre{100, 100};
+    // Sides along rows, columns and diagonals meet whole pixels.
+    for (const double step_deg : {5.0, 1.0, 0.3}) {
+        std::vector<int> times(side * side);
+        SectorSides sides = sectorsides(step_deg / 2, step_deg / 2, 1);
+        const SectorSides start = sides;
+        const int radials = static_cast<int>(std::lround(360 / step_deg));
+        for (int k = 0; k < radials; ++k) {
+            const SectorSides before = sides;
+            sides = sectorsides((k + 0.5) * step_deg, step_deg / 2, 1);
+            if (k > 0) {
+                sides.lx = before.rx;
+                sides.ly = before.ry;
+            }
+            if (k == radials - 1) {
+                sides.rx = start.lx;
+                sides.ry = start.ly;
+            }
+            Sheet sheet(side, side);
+            fillwedge(sheet.view(), Wedge(centre, sides), 9.5, 60.5, 0xff000000U, PenMode::mask);
+            for (std::size_t i = 0; i < times.size(); ++i)
+                times[i] += sheet.pixels[i] != 0xffffffffU;
+        }
+        for (int y = 0; y < side; ++y)
+            for (int x = 0; x < side; ++x) {
+                const double r = std::hypot(x - centre.x0, y - centre.y0);
+                const double inner = 9.5 * std::cos(step_deg / 2 * degree);
+                const double outer = 60.5 * std::cos(step_deg / 2 * degree);
+                const int count = times[static_cast<std::size_t>(y * side + x)];
+                EXPECT_LE(count, 1) << x << "," << y;
+                EXPECT_TRUE(count == 0 || (r >= inner && r <= 60.5)) << x << "," << y;
+                EXPECT_TRUE(count == 1 || r <= 9.5 || r >= outer) << x << "," << y;
+            }
+    }
+}
+
+TEST(FillWedge, IsCutAtTheSheet)
+{
+    Sheet sheet(5, 5);
+    const Wedge wedge({2, 2}, sectorsides(90, 5, 1));
+    fillwedge(sheet.view(), wedge, 0.5, 1000, 0xff000000U, PenMode::copy);
+    EXPECT_EQ(sheet.at(3, 2), 0xff000000U);
+    EXPECT_EQ(sheet.at(4, 2), 0xff000000U);
+    EXPECT_EQ(std::count(sheet.pixels.begin(), sheet.pixels.end(), 0xff000000U), 2);
+}
+
 TEST(DrawLine, GoesFromEndToEndWithoutGaps)
 {
     std::mt19937 random(9);

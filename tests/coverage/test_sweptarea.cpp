@@ -181,9 +181,10 @@ TEST(SweptArea, OfAVisualCoverageHasNoHolesAtAnyRangeAndStep)
         Sheet sheet(map.width, map.height);
         runview(
             *sweep,
-            [&](std::span<const SectorQuad> quads) {
-                for (const SectorQuad& quad : quads)
-                    fillquad(sheet.view(), quad, ink, PenMode::copy);
+            [&](const SectorSides& sides, std::span<const SampleRun> runs) {
+                const Wedge wedge(place.centre, sides);
+                for (const auto& [first, last] : runs)
+                    fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, ink, PenMode::copy);
             },
             [](int) { return true; });
         EXPECT_EQ(holesbetween(sheet, place.centre, double{step_deg}, 1, sweep->first - 0.5,

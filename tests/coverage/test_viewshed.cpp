@@ -157,7 +157,7 @@ TEST(VisualCoverage, PaintsInOrderAndStopsWhereItIsTold)
     int painted = 0;
     std::vector<int> reported;
     runview(
-        *ready, [&](std::span<const SectorQuad>) { ++painted; },
+        *ready, [&](const SectorSides&, std::span<const SampleRun>) { ++painted; },
         [&](int k) {
             reported.push_back(k);
             return k < 50;

@@ -10,9 +10,10 @@ static std::int64_t paintview(CoverageSheet& sheet, const ViewSweep& sweep, std:
     const std::uint32_t pixel = pixelof(colour);
     return runview(
         sweep,
-        [&](std::span<const SectorQuad> quads) {
-            for (const SectorQuad& quad : quads)
-                fillquad(sheet.view(), quad, pixel, mode);
+        [&](const SectorSides& sides, std::span<const SampleRun> runs) {
+            const Wedge wedge(sweep.centre, sides);
+            for (const auto& [first, last] : runs)
+                fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, pixel, mode);
         },
         [&](int k) {
             sheet.refresh();
