@@ -77,9 +77,9 @@ TEST_F(LinkCommands, ItFollowsThePropagationMode)
     frmLink& link = open();
     const double before = link.current().link.record.loss;
     choose("mnuFileModeInterf");
-    EXPECT_LT(link.current().link.record.loss, before);
+    EXPECT_LT(double{link.current().link.record.loss}, before);
     choose("mnuFileModeNormal");
-    EXPECT_EQ(link.current().link.record.loss, before);
+    EXPECT_EQ(double{link.current().link.record.loss}, before);
 }
 
 TEST_F(LinkCommands, ANewNetworkLeavesNoLinkInIt)

@@ -212,7 +212,7 @@ TEST_F(LinkWindow, TakesAHeightIntoTheNet)
     const double before = window->current().link.record.h1;
     type("leftheight", "25");
     EXPECT_EQ(network.antheights[2][1], 25);
-    EXPECT_EQ(window->current().link.record.h1, 25);
+    EXPECT_EQ(double{window->current().link.record.h1}, 25);
     EXPECT_NE(before, 25);
     EXPECT_TRUE(netdirty);
     EXPECT_EQ(field("leftheight"), "25.0");
@@ -227,7 +227,7 @@ TEST_F(LinkWindow, TakesAHeightAsTheDefaultWithoutANet)
     choose(1, 3);
     type("rightheight", "7.5");
     EXPECT_EQ(session.defh2, 7.5F);
-    EXPECT_EQ(window->current().link.record.h2, 7.5);
+    EXPECT_EQ(double{window->current().link.record.h2}, 7.5);
 }
 
 TEST_F(LinkWindow, ExchangesTheStations)
