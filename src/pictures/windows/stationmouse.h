@@ -58,8 +58,8 @@ private:
 
     OpenPicture& shown;
     QWidget* surface;
-    int held = 0; ///< station under the button since its press; 0: none
-    bool given = false;
+    int held = 0;       ///< station under the button since its press; 0: none
+    bool given = false; ///< its press has had its effect: moves have none
     QPointF pressedat;
     QPointF grip;   ///< from the station to the mouse
     QPointF wanted; ///< where the mouse is; moves that come faster than the drawing fall together
