@@ -52,7 +52,7 @@ LinkReadout readlink(const LinkStudy& study, const NetworkTables& tables, const 
     LinkReadout readout;
     if (!study.done || n < 1)
         return readout;
-    readout.x = smax(0.0, smin(static_cast<double>(n), x));
+    readout.x = x > 0 ? smin(static_cast<double>(n), x) : 0;
     const double f = readout.x / n;
     const double d_km = n * profile.spacing() / 1000;
     readout.km = f * d_km;

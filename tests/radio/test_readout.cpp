@@ -88,6 +88,7 @@ TEST(LinkReadout, HoldsTheCursorOnThePath)
     EXPECT_EQ(read(scene, 170).text, read(scene, 60).text);
     EXPECT_EQ(read(scene, -3).x, 0);
     EXPECT_EQ(read(scene, -3).km, 0);
+    EXPECT_EQ(read(scene, std::nan("")).x, 0) << "a picture without width has no places";
 }
 
 TEST(LinkReadout, AtTheLeftStationHasNoReception)

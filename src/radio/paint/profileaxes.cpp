@@ -69,22 +69,22 @@ double lefttick(double axis)
     return std::min(ticklength, axis / 9);
 }
 
-QString antennatext(const std::string& name, double height_m)
-{
-    return QString::fromStdString(name + " · " + formatnumber("0.0 m", height_m));
-}
-
+/// The stations and their antennas under the band of text, each within its half.
 void paintnames(const LinkStudy& study, const QSizeF& size, QPainter& painter)
 {
     const GraphScale scale = profilescale(study);
-    const double row_px = QFontMetricsF(painter.font()).height();
+    const QFontMetricsF metrics(painter.font());
     const double left = scale.at(0, 0, size).x();
     const double right = scale.at(study.link.profile.intervals(), 0, size).x();
-    const QRectF box(left, textband, right - left, row_px);
-    const LRRecord& record = study.link.record;
+    const QRectF box(left, textband, right - left, metrics.height());
+    const auto paintname = [&](int alignment, const std::string& name, double height_m) {
+        const QString text = QString::fromStdString(name + " · " + formatnumber("0.0 m", height_m));
+        painttext(box, alignment, metrics.elidedText(text, Qt::ElideMiddle, box.width() * 0.48),
+                  painter);
+    };
     painter.setPen(axisink);
-    painttext(box, Qt::AlignLeft, antennatext(study.namea, record.h1), painter);
-    painttext(box, Qt::AlignRight, antennatext(study.nameb, record.h2), painter);
+    paintname(Qt::AlignLeft, study.namea, study.link.record.h1);
+    paintname(Qt::AlignRight, study.nameb, study.link.record.h2);
 }
 } // namespace
 

@@ -247,6 +247,21 @@ TEST_P(ProfilePicture, NamesStationsAndTicksBesideTheDrawing)
     EXPECT_GT(changes({100, 482, 800, 16}), 100) << "distances";
 }
 
+TEST_P(ProfilePicture, KeepsLongNamesApart)
+{
+    scene.tables.units[1].name.assign("Wwwwwwwwwwwwwwwwwwww");
+    scene.tables.units[2].name.assign("Mmmmmmmmmmmmmmmmmmmm");
+    ASSERT_TRUE(scene.run(0));
+    const Painted painted = paint({400, 200});
+    const QColor sky = painted.at(1, 30);
+    const auto ink = [&](const QColor& pixel) {
+        return std::abs(pixel.lightness() - sky.lightness()) > 40;
+    };
+    EXPECT_GT(painted.countif({130, 27, 50, 10}, ink), 20);
+    EXPECT_GT(painted.countif({220, 27, 50, 10}, ink), 20);
+    EXPECT_EQ(painted.countif({196, 27, 8, 10}, ink), 0);
+}
+
 TEST_P(ProfilePicture, FillsItsSizeAndNothingBeyond)
 {
     ASSERT_TRUE(scene.run());
