@@ -64,8 +64,8 @@ void sweepmap(benchmark::State& state, bool painting)
     CoverageColours colours;
     colours.rainbow.fill(0xffc0e080U);
     Sheet sheet(map);
-    const double middle = side / 2;
-    for (auto _ : state) {
+    const double middle = side / 2.0;
+    for ([[maybe_unused]] auto _ : state) {
         const auto sweep = preparesweep(tables, map, benchorder(step_deg), {middle, middle}, 0);
         if (!painting) {
             std::vector<RadioRadial> radials(10);
@@ -104,7 +104,7 @@ void viewsweep(benchmark::State& state, bool painting)
     order.bounds = {0, 360, 0.1F, 0.1F, 1000};
     order.sensorh = 30;
     const auto sweep = prepareview(map, order, {500, 500}, static_cast<float>(map.at(500, 499)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (painting) {
             runview(
                 *sweep,

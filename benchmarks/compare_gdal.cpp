@@ -27,7 +27,6 @@
 #include <functional>
 #include <string>
 #include <sys/resource.h>
-#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -198,6 +197,12 @@ Viewed viewpixels(const MapGrid& map, const ViewSweep& sweep)
     return viewed;
 }
 
+std::size_t cellindex(const MapGrid& map, int x, int y)
+{
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(map.width) +
+           static_cast<std::size_t>(x);
+}
+
 bool blackat(const std::vector<std::uint32_t>& pixels, std::size_t at)
 {
     return pixels[at] == 0xff000000U;
@@ -210,7 +215,7 @@ bool atedge(const MapGrid& map, const std::vector<std::uint32_t>& pixels, int x,
     int all = 0;
     for (int v = std::max(y - 1, 0); v <= std::min(y + 1, map.uppery()); ++v)
         for (int u = std::max(x - 1, 0); u <= std::min(x + 1, map.upperx()); ++u) {
-            seen += blackat(pixels, static_cast<std::size_t>(v * map.width + u)) ? 1 : 0;
+            seen += blackat(pixels, cellindex(map, u, v)) ? 1 : 0;
             ++all;
         }
     return seen > 0 && seen < all;
@@ -227,7 +232,7 @@ std::string agreement(const MapGrid& map, const std::vector<std::uint32_t>& ours
         for (int x = 0; x < map.width; ++x) {
             if (std::hypot(x - centre.x0, y - centre.y0) < 1.5)
                 continue;
-            const auto at = static_cast<std::size_t>(y * map.width + x);
+            const auto at = cellindex(map, x, y);
             ++all;
             if (blackat(ours, at) != (theirs.at(at) != 0)) {
                 ++others;
@@ -238,37 +243,44 @@ std::string agreement(const MapGrid& map, const std::vector<std::uint32_t>& ours
                        100 * (1 - others / all), 100 * edges / std::max(others, 1.0));
 }
 
+/// Where lines of sight begin: a cell from the top left, and a height above its ground.
+struct Sensor {
+    int x, y;
+    float height_m;
+};
+constexpr std::array sensors{Sensor{500, 500, 30}, Sensor{310, 640, 10}, Sensor{700, 220, 100}};
+
 void compareviewshed(const Folder& folder, const Region& region)
 {
     buildmap(orderof(region, 1000, 1000));
     const MapGrid map = mapgrid;
     writeraster(folder.path / "map", map);
-    for (const auto& [x, y, sensor_m] :
-         {std::tuple{500, 500, 30.0F}, std::tuple{310, 640, 10.0F}, std::tuple{700, 220, 100.0F}}) {
+    for (const Sensor& sensor : sensors) {
         ViewOrder order;
         order.bounds = {0, 360, 0.1F, 0.1F, 1000};
-        order.sensorh = sensor_m;
+        order.sensorh = sensor.height_m;
         order.targeth = 2;
-        const SweepCentre centre{double(x), double(y)};
-        const auto ground_m = static_cast<float>(map.at(x, map.uppery() - y));
+        const SweepCentre centre{double(sensor.x), double(sensor.y)};
+        const auto ground_m = static_cast<float>(map.at(sensor.x, map.uppery() - sensor.y));
         const auto sweep = prepareview(map, order, centre, ground_m);
         const Viewed viewed = viewpixels(map, *sweep);
         // Earth of 12750 km: the ellipsoid's diameter there over ours is the coefficient.
         const auto command = [&](const std::string& raster) {
             const double cell = raster == "map" ? cellsize(map) : 1000;
-            const double column = raster == "map" ? x : 8;
-            const double line = raster == "map" ? y : 8;
+            const double column = raster == "map" ? sensor.x : 8;
+            const double line = raster == "map" ? sensor.y : 8;
             return fmt::format("gdal_viewshed -q -f ENVI -oz {} -tz 2 -md 0 -cc {} -ox {} -oy {} "
                                "{}/{}.img {}/seen.img",
-                               sensor_m, 12756274.0 / 12750000, west_m + (column + 0.5) * cell,
-                               north_m - (line + 0.5) * cell, folder.path.string(), raster,
-                               folder.path.string());
+                               sensor.height_m, 12756274.0 / 12750000,
+                               west_m + (column + 0.5) * cell, north_m - (line + 0.5) * cell,
+                               folder.path.string(), raster, folder.path.string());
         };
         const double gdal_ms = workingtime(command);
         run(command("map"));
         const std::string same =
             agreement(map, viewed.pixels, readraster(folder.path / "seen.img"), centre);
-        const std::string work = fmt::format("lines of sight, {}, {} m up", region.name, sensor_m);
+        const std::string work =
+            fmt::format("lines of sight, {}, {} m up", region.name, sensor.height_m);
         row(work, "computing", viewed.computing_ms, gdal_ms, same);
         row("", "with painting", viewed.painted_ms, gdal_ms, "");
         row("", "with painting, 1 thread", viewed.onethread_ms, gdal_ms, "");
@@ -296,7 +308,7 @@ double correlation(const MapGrid& map, const std::vector<std::uint32_t>& ours,
     double n = 0, sx = 0, sy = 0, sxx = 0, syy = 0, sxy = 0;
     for (int y = 1; y < map.uppery(); ++y)
         for (int x = 1; x < map.upperx(); ++x) {
-            const auto at = static_cast<std::size_t>(y * map.width + x);
+            const auto at = cellindex(map, x, y);
             const double a = ours[at] & 255;
             const double b = static_cast<unsigned char>(theirs.at(at));
             ++n, sx += a, sy += b, sxx += a * a, syy += b * b, sxy += a * b;

@@ -8,12 +8,16 @@
 
 namespace
 {
+std::size_t indexof(int x, int y, int width)
+{
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+           static_cast<std::size_t>(x);
+}
+
 struct Sheet {
-    Sheet(int w, int h) : pixels(static_cast<std::size_t>(w * h), 0xffffffffU), width(w), height(h)
-    {
-    }
+    Sheet(int w, int h) : pixels(indexof(0, h, w), 0xffffffffU), width(w), height(h) {}
     PixelSheet view() { return {pixels.data(), width, width, height}; }
-    std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+    std::uint32_t at(int x, int y) const { return pixels[indexof(x, y, width)]; }
     std::vector<std::uint32_t> pixels;
     int width, height;
 };
@@ -29,7 +33,7 @@ SectorQuad pixels(SectorQuad quad)
 /// Number of quads that paint each pixel, for all sectors of a full sweep.
 std::vector<int> timespainted(double step_deg, double d_cells, int samples, int side)
 {
-    std::vector<int> times(static_cast<std::size_t>(side * side));
+    std::vector<int> times(indexof(0, side, side));
     const SweepCentre centre{side / 2.0, side / 2.0};
     const int radials = static_cast<int>(std::lround(360 / step_deg));
     for (int k = 0; k < radials; ++k) {
@@ -50,7 +54,7 @@ std::vector<int> timespainted(double step_deg, double d_cells, int samples, int 
             for (int y = 0; y < box.height; ++y)
                 for (int x = 0; x < box.width; ++x)
                     if (box.at(x, y) != 0xffffffffU)
-                        ++times[static_cast<std::size_t>((y0 + y) * side + x0 + x)];
+                        ++times[indexof(x0 + x, y0 + y, side)];
         }
     }
     return times;
@@ -146,7 +150,7 @@ TEST(Sectors, LeaveNoHolesAtAnyRangeAndStep)
             for (int x = 0; x < side; ++x) {
                 const double r = std::hypot(x - side / 2.0, y - side / 2.0);
                 if (r > inner && r < outer)
-                    holes += times[static_cast<std::size_t>(y * side + x)] == 0;
+                    holes += times[indexof(x, y, side)] == 0;
             }
         EXPECT_EQ(holes, 0) << step_deg << " degrees, " << d_cells << " cells";
     }
@@ -164,7 +168,7 @@ TEST(FillWedge, PaintsEachPixelOfARingOnce)
     const SweepCentre centre{100, 100};
     // Sides along rows, columns and diagonals meet whole pixels.
     for (const double step_deg : {5.0, 1.0, 0.3}) {
-        std::vector<int> times(side * side);
+        std::vector<int> times(indexof(0, side, side));
         SectorSides sides = sectorsides(step_deg / 2, step_deg / 2, 1);
         const SectorSides start = sides;
         const int radials = static_cast<int>(std::lround(360 / step_deg));
@@ -189,7 +193,7 @@ TEST(FillWedge, PaintsEachPixelOfARingOnce)
                 const double r = std::hypot(x - centre.x0, y - centre.y0);
                 const double inner = 9.5 * std::cos(step_deg / 2 * degree);
                 const double outer = 60.5 * std::cos(step_deg / 2 * degree);
-                const int count = times[static_cast<std::size_t>(y * side + x)];
+                const int count = times[indexof(x, y, side)];
                 EXPECT_LE(count, 1) << x << "," << y;
                 EXPECT_TRUE(count == 0 || (r >= inner && r <= 60.5)) << x << "," << y;
                 EXPECT_TRUE(count == 1 || r <= 9.5 || r >= outer) << x << "," << y;
@@ -258,7 +262,7 @@ TEST(Contour, IsContinuousRoundTheServedArea)
             escaped = true;
             continue;
         }
-        std::uint32_t& pixel = sheet.pixels[static_cast<std::size_t>(p.y * 201 + p.x)];
+        std::uint32_t& pixel = sheet.pixels[indexof(p.x, p.y, 201)];
         if (pixel != 0xffffffffU)
             continue;
         pixel = 0xff0000ffU;

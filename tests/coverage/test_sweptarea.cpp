@@ -16,10 +16,16 @@ namespace
 constexpr std::uint32_t blank = 0xffffffffU;
 constexpr std::uint32_t ink = 0xff000000U;
 
+std::size_t indexof(int x, int y, int width)
+{
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+           static_cast<std::size_t>(x);
+}
+
 struct Sheet {
-    Sheet(int w, int h) : pixels(static_cast<std::size_t>(w * h), blank), width(w), height(h) {}
+    Sheet(int w, int h) : pixels(indexof(0, h, w), blank), width(w), height(h) {}
     PixelSheet view() { return {pixels.data(), width, width, height}; }
-    std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+    std::uint32_t at(int x, int y) const { return pixels[indexof(x, y, width)]; }
     std::vector<std::uint32_t> pixels;
     int width, height;
 };
@@ -216,7 +222,7 @@ TEST(SweptContour, PartsServedFromUnservedGroundWithoutAGap)
             for (int y = 0; y < open.height; ++y)
                 for (int x = 0; x < open.width; ++x) {
                     const PolarPlace at = placeof(centre, double{step_deg}, sweep->d_cells, x, y);
-                    const auto i = static_cast<std::size_t>(y * open.width + x);
+                    const auto i = indexof(x, y, open.width);
                     if (at.ring < 3 || at.ring > sweep->samples - 1)
                         open.pixels[i] = ink;
                     else if (!nearcontour(contour, x, y, 1))

@@ -151,9 +151,10 @@ std::string deflatedpixels(const QImage& image)
 {
     const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888);
     QByteArray pixels;
-    pixels.reserve(rgba.width() * rgba.height() * 4);
+    const qsizetype rowbytes = qsizetype{rgba.width()} * 4;
+    pixels.reserve(rowbytes * rgba.height());
     for (int y = 0; y < rgba.height(); ++y)
-        pixels.append(reinterpret_cast<const char*>(rgba.constScanLine(y)), rgba.width() * 4);
+        pixels.append(reinterpret_cast<const char*>(rgba.constScanLine(y)), rowbytes);
     // The toolkit puts the length in front of the stream.
     return qCompress(pixels).sliced(4).toStdString();
 }
