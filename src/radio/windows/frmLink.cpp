@@ -243,7 +243,6 @@ void frmLink::applyheight(bool left, const QString& typed)
     if (net > 0) {
         const int unit = left ? transmitter() : receiver();
         network.antheights[static_cast<std::size_t>(net)][static_cast<std::size_t>(unit)] = height;
-        netdirty = true;
     } else {
         (left ? session.defh1 : session.defh2) = height;
     }
