@@ -163,7 +163,6 @@ void joinradial(const RadioSweep& sweep, int k, const RadioRadial& radial, Conto
                 state.rings += c;
             if (sector.fill != sectorfill::none || sector.across || sector.along) {
                 sector.quad = sectorquad(radial.sides, sweep.centre, c);
-                sector.fine = sectorquad(radial.sides, sweep.centre, c, finescale);
                 sectors.push_back(sector);
             }
         }

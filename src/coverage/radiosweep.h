@@ -72,7 +72,6 @@ struct RadioRadial {
 /// One ring sector to paint: its fill, then lines of the contour.
 struct SectorPaint {
     SectorQuad quad; ///< corners in whole pixels, for the contour
-    SectorQuad fine; ///< corners in parts of a pixel, for the fill
     std::uint8_t fill = sectorfill::none;
     bool across = false; ///< contour from corner 1 to corner 4
     bool along = false;  ///< contour from corner 1 to corner 2

@@ -6,8 +6,7 @@
 
 namespace
 {
-/// A side of the polygon from its upper end, on heights y0 up to but without y1; in parts of a
-/// pixel.
+/// A side of the polygon from its upper end, on the rows y0 up to but without y1.
 struct Side {
     std::int32_t y0, y1;
     std::int32_t x0;
@@ -52,12 +51,11 @@ int crossrow(const std::array<Side, 4>& sides, int sidecount, std::int32_t y,
     int count = 0;
     for (int i = 0; i < sidecount; ++i) {
         const Side& side = sides[static_cast<std::size_t>(i)];
-        const std::int64_t height = std::int64_t{y} * finescale;
-        if (height < side.y0 || height >= side.y1)
+        if (y < side.y0 || y >= side.y1)
             continue;
-        const std::int64_t rows = side.y1 - side.y0;
-        const std::int64_t along = (height - side.y0) * side.dx + side.x0 * rows;
-        const Crossing crossing{static_cast<std::int32_t>(ceildivide(along, rows * finescale)),
+        const std::int64_t rows = std::int64_t{side.y1} - side.y0;
+        const std::int64_t along = (std::int64_t{y} - side.y0) * side.dx;
+        const Crossing crossing{side.x0 + static_cast<std::int32_t>(ceildivide(along, rows)),
                                 side.turn};
         int at = count++;
         for (; at > 0 && crossings[static_cast<std::size_t>(at) - 1].column > crossing.column; --at)
@@ -81,11 +79,8 @@ void fillrun(std::uint32_t* row, std::int32_t first, std::int32_t end, std::uint
 void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode)
 {
     const auto [top, bottom] = std::minmax({quad[0].y, quad[1].y, quad[2].y, quad[3].y});
-    const auto rowfrom = [](std::int32_t height) {
-        return static_cast<std::int32_t>(ceildivide(height, finescale));
-    };
-    const std::int32_t firstrow = std::max(rowfrom(top), 0);
-    const std::int32_t endrow = std::min(rowfrom(bottom), sheet.height);
+    const std::int32_t firstrow = std::max(top, 0);
+    const std::int32_t endrow = std::min(bottom, sheet.height);
     if (firstrow >= endrow)
         return;
     std::array<Side, 4> sides;
@@ -200,8 +195,7 @@ void paintsectors(const PixelSheet& sheet, std::span<const SectorPaint> sectors,
         const SectorQuad& quad = sector.quad;
         if (sector.fill != sectorfill::none) {
             const bool plain = sector.fill == sectorfill::plain;
-            fillquad(sheet, sector.fine, plain ? colours.surface : colours.rainbow[sector.fill],
-                     mode);
+            fillquad(sheet, quad, plain ? colours.surface : colours.rainbow[sector.fill], mode);
         }
         if (sector.across)
             drawline(sheet, quad[0], quad[3], colours.curve);

@@ -26,10 +26,9 @@ constexpr std::uint32_t pixelof(std::int32_t colour)
     return 0xff000000U | (c & 0xff) << 16 | (c & 0xff00) | (c >> 16 & 0xff);
 }
 
-/// Fills a four-sided polygon whose corners are counted in `finescale` parts of a pixel; what lies
-/// outside the sheet is cut. A pixel is its point on the lattice of whole pixels; edges to the left
-/// and above belong to the polygon, those to the right and below don't: polygons that share corners
-/// leave neither holes nor pixels painted twice. Sides may cross; a pixel is inside when the
+/// Fills a four-sided polygon; what lies outside the sheet is cut. Edges to the left and above
+/// belong to the polygon, those to the right and below don't: polygons that share corners leave no
+/// holes, nor do convex ones paint a pixel twice. Sides may cross; a pixel is inside when the
 /// outline goes round it.
 void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode);
 

@@ -64,20 +64,14 @@ struct SectorSides {
 };
 SectorSides sectorsides(double azimuth_deg, double half_deg, double d_cells);
 
-/// Parts of a pixel in which the corners of a filled sector are counted, so that a pixel is filled
-/// by the sector that it lies in, not by its neighbour.
-inline constexpr int finescale = 256;
-
-/// Corners of the ring sector around sample c: half a step nearer and half a step farther.
-///   scale  parts of a pixel in which the corners are counted; 1: whole pixels
-inline SectorQuad sectorquad(const SectorSides& sides, const SweepCentre& centre, int c,
-                             int scale = 1)
+/// Corners of the ring sector around sample c: half a step nearer and half a step farther, each on
+/// the nearest pixel. Neighbours share their corners.
+inline SectorQuad sectorquad(const SectorSides& sides, const SweepCentre& centre, int c)
 {
     const double a = c - 0.5;
     const double b = c + 0.5;
     const auto at = [&](double r, double x, double y) {
-        return PicturePoint{nearestcell(scale * (r * x + centre.x0)),
-                            nearestcell(scale * (r * y + centre.y0))};
+        return PicturePoint{nearestcell(r * x + centre.x0), nearestcell(r * y + centre.y0)};
     };
     return {at(a, sides.lx, sides.ly), at(b, sides.lx, sides.ly), at(b, sides.rx, sides.ry),
             at(a, sides.rx, sides.ry)};

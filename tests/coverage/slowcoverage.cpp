@@ -84,17 +84,12 @@ SlowCoverage slowcoverage(const NetworkTables& tables, const MapGrid& map, const
             const int state = o.curve && s > lowm ? 1 : 0;
             if (c > near) {
                 SlowSector sector{
-                    k, c, {}, {}, 255, state != laststate, k > 0 && state != prev[std::size_t(c)]};
+                    k, c, {}, 255, state != laststate, k > 0 && state != prev[std::size_t(c)]};
                 const double a = c - 0.5, b = c + 0.5;
                 const auto at = [&](double r, double x, double y) {
                     return PicturePoint{int(roundhalf(r * x + x0)), int(roundhalf(r * y + y0))};
                 };
                 sector.quad = {at(a, lx, ly), at(b, lx, ly), at(b, rx, ry), at(a, rx, ry)};
-                const auto in = [&](double r, double x, double y) {
-                    return PicturePoint{int(roundhalf(256 * (r * x + x0))),
-                                        int(roundhalf(256 * (r * y + y0)))};
-                };
-                sector.fine = {in(a, lx, ly), in(b, lx, ly), in(b, rx, ry), in(a, rx, ry)};
                 if (o.surface && o.rainbow && o.unit == LevelUnit::sunit) {
                     const int v = sunits(float(s - highm), float(freq));
                     sector.fill = 0;

@@ -12,8 +12,7 @@ struct SlowSector {
     int k = 0;
     int c = 0;
     SectorQuad quad;
-    SectorQuad fine; ///< in parts of a pixel
-    int fill = 255;  ///< 0 to 11, 12 plain, 255 none
+    int fill = 255; ///< 0 to 11, 12 plain, 255 none
     bool across = false;
     bool along = false;
 };

@@ -53,8 +53,8 @@ void expectsame(const Swept& swept, const SlowCoverage& slow)
     for (std::size_t i = 0; i < slow.sectors.size(); ++i) {
         const SectorPaint& a = swept.sectors[i];
         const SlowSector& b = slow.sectors[i];
-        ASSERT_TRUE(a.quad == b.quad && a.fine == b.fine && a.fill == b.fill &&
-                    a.across == b.across && a.along == b.along)
+        ASSERT_TRUE(a.quad == b.quad && a.fill == b.fill && a.across == b.across &&
+                    a.along == b.along)
             << "radial " << b.k << " sample " << b.c;
     }
     EXPECT_NEAR(swept.area_km2, slow.area_km2, 1e-9 * (1 + slow.area_km2));

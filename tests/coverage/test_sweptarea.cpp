@@ -54,8 +54,7 @@ PolarPlace placeof(const SweepCentre& centre, double step_deg, double d_cells, i
 int holesbetween(const Sheet& sheet, const SweepCentre& centre, double step_deg, double d_cells,
                  double firstring, double lastring)
 {
-    // Corners are counted in parts of a pixel.
-    const double slack = 1.0 / finescale / d_cells;
+    const double slack = 1 / d_cells; // corners may lie beside the ring by part of a pixel
     int holes = 0;
     for (int y = 0; y < sheet.height; ++y)
         for (int x = 0; x < sheet.width; ++x) {
