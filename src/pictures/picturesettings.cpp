@@ -43,8 +43,8 @@ bool corresponds(const Picture& picture, const MapGrid& map)
     };
     return picture.Pictype == pictype::map && near(picture.lon[0], map.maplon[0]) &&
            near(picture.lon[2], map.maplon[2]) && near(picture.lat[0], map.maplat[0]) &&
-           near(picture.lat[2], map.maplat[2]) && !picture.isstereo() && picture.source != worldtitle &&
-           std::abs(picture.scalewidth - map.upperx()) < 2 &&
+           near(picture.lat[2], map.maplat[2]) && !picture.isstereo() &&
+           picture.source != worldtitle && std::abs(picture.scalewidth - map.upperx()) < 2 &&
            std::abs(picture.scaleheight - map.uppery()) < 2;
 }
 
