@@ -80,14 +80,14 @@ TEST(LinkDistribution, LeavesTheLinkAsItsWindowKnowsIt)
     const double loss = scene.link().record.loss;
     EXPECT_NE(scene.link().profile.sample(30), 180) << "raised by the bulge";
     ASSERT_TRUE(compute(scene));
-    EXPECT_EQ(scene.link().record.loss, loss);
-    EXPECT_EQ(scene.link().record.ptime, 84.1);
-    EXPECT_EQ(scene.link().record.ploc, 84.1);
-    EXPECT_EQ(scene.link().record.psit, 84.1);
+    EXPECT_EQ(double{scene.link().record.loss}, loss);
+    EXPECT_EQ(double{scene.link().record.ptime}, 84.1);
+    EXPECT_EQ(double{scene.link().record.ploc}, 84.1);
+    EXPECT_EQ(double{scene.link().record.psit}, 84.1);
     EXPECT_EQ(scene.link().profile.sample(30), 180) << "cut anew";
     EXPECT_EQ(scene.link().profile.sample(0), 100);
     ASSERT_TRUE(scene.run());
-    EXPECT_EQ(scene.link().record.ptime, 70) << "the next analysis takes the net's own";
+    EXPECT_EQ(double{scene.link().record.ptime}, 70) << "the next analysis takes the net's own";
 }
 
 TEST(LinkDistribution, FollowsThePropagationMode)
