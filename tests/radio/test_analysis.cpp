@@ -1,6 +1,6 @@
 #include "radio/analysis.h"
 #include "radio/earth.h"
-#include "scene.h"
+#include "radio/linkscene.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,48 +11,17 @@
 
 namespace
 {
-constexpr int lastcolumn = 60;
+/// The scene with its texts and losses at hand.
+struct Study : LinkScene {
+    const Link& link = study.link;
+    const LinkAnalysis& analysis = study.analysis;
 
-/// Stations "Nord" and "Sud" at the ends of a row of 61 cells, half a kilometre each, in net 1.
-struct Study {
-    MapGrid map = scene::flatmap(lastcolumn + 1, 9, 100, 4);
-    NetworkTables tables;
-    Link link;
-    LinkAnalysis analysis;
-    AnalysisOptions options;
-
-    Study()
-    {
-        tables.units[1].name.assign("Nord");
-        tables.units[2].name.assign(" Sud");
-        scene::place(tables.units[1], 0, 4, 100);
-        scene::place(tables.units[2], lastcolumn, 4, 100);
-        scene::join(tables.nets[1], 1);
-        scene::join(tables.nets[1], 2);
-        tables.systems[1].height = 20;
-    }
-    Net& net() { return tables.nets[1]; }
-    void raise(int column, int elevation)
-    {
-        for (int y = 0; y < map.height; ++y)
-            map.at(column, y) = static_cast<std::int16_t>(elevation);
-    }
-    bool run(int netnumber = 1)
-    {
-        return analyselink(tables, map, 1, 2, netnumber, options, link, analysis);
-    }
-    /// Sets the receivers so that the margin is this one.
-    void setmargin(double margin)
-    {
-        run();
-        tables.systems[1].threshold += static_cast<float>(analysis.margin - margin);
-        run();
-    }
+    Study() { tables.systems[1].height = 20; }
     const std::string& text(int line) const
     {
         return analysis.linktext[static_cast<std::size_t>(line) - 1];
     }
-    double lossat(int i) const { return link.losses[static_cast<std::size_t>(i) + 3]; }
+    double lossat(int i) const { return link.lossat(i); }
 };
 
 bool contains(const std::string& text, const std::string& part)
@@ -76,7 +45,7 @@ TEST(LinkAnalysis, AddsTheBulgeToTheInnerSamples)
     Study study;
     ASSERT_TRUE(study.run());
     const int n = study.link.profile.intervals();
-    ASSERT_EQ(n, lastcolumn);
+    ASSERT_EQ(n, LinkScene::lastcolumn);
     EXPECT_EQ(study.link.profile.sample(0), 100);
     EXPECT_EQ(study.link.profile.sample(n), 100);
     EXPECT_DOUBLE_EQ(study.analysis.earth, earthfactor(301));
@@ -96,7 +65,7 @@ TEST(LinkAnalysis, FindsTheLeastClearance)
     ASSERT_TRUE(study.run());
     double least = 1e300;
     double where = -1;
-    for (int i = 1; i < lastcolumn; ++i) {
+    for (int i = 1; i < LinkScene::lastcolumn; ++i) {
         const double d1 = i * 0.5;
         const double d2 = 30 - d1;
         const double radius = std::sqrt(d1 * d2 / 30 / 146) / 0.001827906;
@@ -247,7 +216,7 @@ TEST(LinkAnalysis, WithoutANetShowsTheProfileAlone)
     EXPECT_EQ(study.analysis.minclear, 999999995904.0F);
     EXPECT_FALSE(study.analysis.crossing);
     EXPECT_NEAR(study.link.profile.sample(30), 400 + 15 * 15 / 12.75, 1e-9);
-    for (int i = 0; i <= lastcolumn; ++i)
+    for (int i = 0; i <= LinkScene::lastcolumn; ++i)
         EXPECT_EQ(study.lossat(i), 0);
 }
 
@@ -255,11 +224,11 @@ TEST(LinkAnalysis, ForgetsTheLossesOfALongerLink)
 {
     Study study;
     ASSERT_TRUE(study.run());
-    EXPECT_GT(study.lossat(lastcolumn), 0);
+    EXPECT_GT(study.lossat(LinkScene::lastcolumn), 0);
     scene::place(study.tables.units[2], 10, 4, 100);
     ASSERT_TRUE(study.run());
     EXPECT_GT(study.lossat(10), 0);
-    for (int i = 11; i <= lastcolumn; ++i)
+    for (int i = 11; i <= LinkScene::lastcolumn; ++i)
         EXPECT_EQ(study.lossat(i), 0);
 }
 

@@ -5,6 +5,8 @@
 #include <QColorDialog>
 #include <QPainter>
 
+#include <algorithm>
+
 NumberField::NumberField(const QString& name, double lo, double hi, QWidget* parent)
     : QLineEdit(parent), low(lo), high(hi)
 {
@@ -131,6 +133,17 @@ void fillstations(QComboBox& list, int selected)
         list.addItem(QString::fromStdString(network.units[i].name.text()));
     list.setCurrentIndex(selected - 1);
     list.setMaxVisibleItems(20);
+}
+
+void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none)
+{
+    list.clear();
+    for (const int n : nets)
+        list.addItem(QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()),
+                     n);
+    if (list.count() == 0)
+        list.addItem(none, 0);
+    list.setCurrentIndex(std::max(0, list.findData(selection.linknet)));
 }
 
 QGroupBox* formbox(const QString& title, QFormLayout*& form, QWidget* parent)

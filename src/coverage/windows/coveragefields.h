@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 /// A field for a number. It refuses nothing: a text out of bounds turns red, and the value is held
 /// within them.
@@ -60,6 +61,10 @@ struct SweepFields {
     NumberField *azmin = nullptr, *azmax = nullptr, *step = nullptr; ///< degrees
     NumberField *rmin = nullptr, *rmax = nullptr;                    ///< km
 };
+/// Fills a list with the names of nets, each with its number as data, and selects the one used
+/// last, else the first. Without a net this text stands in the list, with 0.
+void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none);
+
 /// A titled box with the azimuth fields, captions in the order minimum, maximum, step.
 QGroupBox* azimuthbox(const QString& title, const std::array<QString, 3>& captions,
                       SweepFields& fields, QWidget* parent);

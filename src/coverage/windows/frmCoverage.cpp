@@ -230,13 +230,8 @@ LevelUnit frmCoverage::chosenunit() const
 
 void frmCoverage::fillnets()
 {
-    netlist->clear();
-    for (const int n : commonnets(network, centre(), mobile()))
-        netlist->addItem(
-            QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()), n);
-    if (netlist->count() == 0)
-        netlist->addItem(QStringLiteral("Pas de réseau en commun"), 0);
-    netlist->setCurrentIndex(std::max(0, netlist->findData(selection.linknet)));
+    ::fillnets(*netlist, commonnets(network, centre(), mobile()),
+               QStringLiteral("Pas de réseau en commun"));
 }
 
 void frmCoverage::fillpatterns()

@@ -12,9 +12,6 @@
 
 namespace
 {
-/// What a profile shows beyond either station, in lengths of the path.
-constexpr double sidemargin = 0.05;
-
 constexpr QColor skytop{104, 120, 146};
 constexpr QColor skybottom{136, 148, 164};
 constexpr QColor ground{92, 88, 80};
@@ -174,25 +171,6 @@ void ProfilePainting::paintrays()
         paintray({left, top, right});
 }
 } // namespace
-
-QPointF GraphScale::at(double x, double y, const QSizeF& size) const
-{
-    return {(x - left) / width * size.width(), (y - top) / height * size.height()};
-}
-
-double GraphScale::xat(double pixel, double picturewidth) const
-{
-    return left + pixel / picturewidth * width;
-}
-
-GraphScale profilescale(const LinkStudy& study)
-{
-    const DrawnHeights heights = drawnheights(study);
-    const double range_m = heights.high - heights.low;
-    const double n = smax(study.link.profile.intervals(), 1);
-    return {-sidemargin * n, (1 + 2 * sidemargin) * n, heights.high + 0.375 * range_m,
-            -1.5 * range_m};
-}
 
 QColor raycolour(const LinkStudy& study)
 {

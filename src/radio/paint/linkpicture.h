@@ -2,9 +2,9 @@
 
 #include "radio/distribution.h"
 #include "radio/linkstudy.h"
+#include "radio/paint/profilescale.h"
 
 #include <QColor>
-#include <QPointF>
 #include <QSizeF>
 
 class QPainter;
@@ -12,23 +12,6 @@ class QPainter;
 /// Ground of all graphs, on which every colour of their lines stands out: a painter that shows no
 /// graph fills its picture with it.
 inline constexpr QColor linkcanvas{118, 132, 152};
-
-/// Scale of a graph: user units on a picture of any size. The height is negative where y runs up.
-struct GraphScale {
-    double left = 0;
-    double width = 1;
-    double top = 0;
-    double height = 1;
-
-    /// Place of a point on a picture of this size in logical pixels.
-    QPointF at(double x, double y, const QSizeF& size) const;
-    /// x under a pixel of a picture of this width.
-    double xat(double pixel, double picturewidth) const;
-};
-
-/// Scale of a link's profile: sample intervals from the left station, and m. Details and range
-/// share its horizontal part.
-GraphScale profilescale(const LinkStudy& study);
 
 /// Colour of the direct ray: how the far end receives. The link on pictures has it too.
 QColor raycolour(const LinkStudy& study);

@@ -109,26 +109,6 @@ void paintfigure(double axis, double y, const QString& text, QPainter& painter)
     paintunit(axis, y, text, painter);
 }
 
-DrawnHeights drawnheights(const LinkStudy& study)
-{
-    constexpr double leastrange_m = 50;
-    const Profile& profile = study.link.profile;
-    const LinkAnalysis& analysis = study.analysis;
-    DrawnHeights heights{double{profile.pathmin}, double{profile.pathmax}};
-    if (heights.high - heights.low < leastrange_m)
-        heights.high += leastrange_m;
-    heights.high = std::max({heights.high, analysis.top1, analysis.top2});
-    heights.low = std::min({heights.low, analysis.top1, analysis.top2});
-    heights.high += bulge(analysis.earth, 0.5, profile.distkm);
-    return heights;
-}
-
-double bulgeat(const LinkStudy& study, double i)
-{
-    const Profile& profile = study.link.profile;
-    return bulge(study.analysis.earth, i / profile.intervals(), profile.distkm);
-}
-
 void paintelevations(const LinkStudy& study, const QSizeF& size, QPainter& painter)
 {
     constexpr int segments = 128;

@@ -5,16 +5,6 @@
 class QPainter;
 class QString;
 
-/// Part of the heights that a profile picture shows, m: what the drawing was widened to.
-struct DrawnHeights {
-    double low = 0; ///< of the earth's curve at both ends
-    double high = 0;
-};
-DrawnHeights drawnheights(const LinkStudy& study);
-
-/// Height of the curved earth over the chord at sample i, m.
-double bulgeat(const LinkStudy& study, double i);
-
 /// Lines of equal elevation behind a profile: they follow the earth's curve.
 void paintelevations(const LinkStudy& study, const QSizeF& size, QPainter& painter);
 /// Ticks and figures of a profile: m at the left, km at the bottom; the stations' names.

@@ -34,9 +34,8 @@ LinkWindowHooks linkwindowhooks;
 
 namespace
 {
-constexpr double cursorstart = 170;  // samples; beyond the end of every path
-constexpr double pictureedge = 0.05; // of the path, on both sides of the stations
-constexpr double cursorstep = 0.5;   // samples that an arrow key moves the cursor
+constexpr double cursorstart = 170; // samples; beyond the end of every path
+constexpr double cursorstep = 0.5;  // samples that an arrow key moves the cursor
 
 /// The file that the last export went to, kept for the run.
 std::string& exportname()
@@ -147,15 +146,9 @@ bool frmLink::chosen() const
 
 void frmLink::fillnets()
 {
-    netlist->clear();
     const auto common =
         chosen() ? commonnets(network, transmitter(), receiver()) : std::vector<int>();
-    for (const int n : common)
-        netlist->addItem(
-            QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()), n);
-    if (netlist->count() == 0)
-        netlist->addItem(QStringLiteral("Pas de réseau commun"), 0);
-    netlist->setCurrentIndex(std::max(0, netlist->findData(selection.linknet)));
+    ::fillnets(*netlist, common, QStringLiteral("Pas de réseau commun"));
 }
 
 void frmLink::changestations()
@@ -334,7 +327,7 @@ void frmLink::copy()
     copied->setImageData(Picture1->picture().toImage());
     if (transmitter() > 0 && receiver() > 0)
         copied->setText(QString::fromStdString(
-            profilecopytext(unitat(transmitter()), unitat(receiver()), pictureedge)));
+            profilecopytext(unitat(transmitter()), unitat(receiver()), sidemargin)));
     QApplication::clipboard()->setMimeData(copied);
 }
 
