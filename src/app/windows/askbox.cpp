@@ -57,6 +57,7 @@ Answer askbox(const Question& question)
                                                           : QMessageBox::Warning);
     const std::vector<BoxButton> choices = boxbuttons(question.buttons);
     std::vector<QPushButton*> buttons;
+    buttons.reserve(choices.size());
     for (const BoxButton& choice : choices)
         buttons.push_back(box.addButton(QString::fromUtf8(choice.text), choice.role));
     box.setDefaultButton(buttons.front());

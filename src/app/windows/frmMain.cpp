@@ -91,7 +91,8 @@ void frmMain::buildmenus()
         const auto level = static_cast<std::size_t>(entry.level);
         QMenu* parent = level > 0 ? parents[level - 1] : nullptr;
         if (*entry.name == '\0') {
-            parent->addSeparator();
+            if (parent)
+                parent->addSeparator();
             continue;
         }
         const QString text = QString::fromUtf8(entry.text);
@@ -220,8 +221,8 @@ void frmMain::setbusy(bool on)
             continue;
         window->picture()->enabled = !on;
         window->refresh({});
-        if (!on && child == activechild())
-            child->setFocus();
+        if (!on && window == activechild())
+            window->setFocus();
     }
     if (frmLink* window = linkwindow(this))
         window->setbusy(on);

@@ -16,7 +16,7 @@ static std::unique_ptr<QSettings> inifile;
 /// The key as the file spells it; keys are one whatever the case of their letters.
 static QString spelled(std::string_view key)
 {
-    const QString wanted = QString::fromUtf8(key.data(), qsizetype(key.size()));
+    QString wanted = QString::fromUtf8(key.data(), qsizetype(key.size()));
     for (const QString& existing : inifile->childKeys())
         if (existing.compare(wanted, Qt::CaseInsensitive) == 0)
             return existing;
