@@ -43,7 +43,8 @@ void connectmapwindows();
 void radiolink();
 /// Tables or propagation mode are others: the link window shows what holds now.
 void refilllink();
-/// Lets the link window ask for a file, and the pictures open it.
+/// Lets the link window ask for a file and give the pictures back to the nets, and lets the
+/// pictures open it.
 void connectlinkwindow();
 /// The coverages, painted on the active picture, and the report on link quality.
 void radiocoverage();

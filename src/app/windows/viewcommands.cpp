@@ -45,6 +45,10 @@ void connectlinkwindow()
                             .saving = true,
                             .extension = "TXT"});
     };
+    linkwindowhooks.closed = [] {
+        if (mainwindow)
+            autodrawnets();
+    };
     picturehooks.stationmoved = [](int unit, bool) {
         if (frmLink* window = mainwindow ? linkwindow(mainwindow) : nullptr)
             window->followstation(unit);

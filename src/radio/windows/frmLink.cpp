@@ -375,11 +375,16 @@ void frmLink::closeEvent(QCloseEvent* event)
     writesetting("LinkLeft", std::int32_t{x() * unitsperpixel});
     writesetting("LinkTop", std::int32_t{y() * unitsperpixel});
     event->accept();
+    linkwindowhooks.closed();
 }
 
 frmLink* linkwindow(const QWidget* parent)
 {
-    return parent->findChild<frmLink*>(QString(), Qt::FindDirectChildrenOnly);
+    // One that was closed is a child until the next event.
+    for (auto* window : parent->findChildren<frmLink*>(QString(), Qt::FindDirectChildrenOnly))
+        if (window->isVisible())
+            return window;
+    return nullptr;
 }
 
 frmLink* showlink(QWidget* parent)

@@ -23,6 +23,8 @@ enum class LinkGraph { profile, invert, details, range, distribution };
 struct LinkWindowHooks {
     /// Asks for the name of a text file to write; empty when the user gives up.
     std::function<std::string(const std::string& offered)> asktextfile;
+    /// The window closes: its one link need not stand alone on the pictures any longer.
+    std::function<void()> closed = [] {};
 };
 extern LinkWindowHooks linkwindowhooks;
 

@@ -2,6 +2,8 @@
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
 #include "network/tables.h"
+#include "pictures/paint/drawmap.h"
+#include "pictures/paint/overlay.h"
 #include "radio/link.h"
 #include "radio/windows/frmLink.h"
 #include "terrain/mapgrid.h"
@@ -90,6 +92,22 @@ TEST_F(LinkCommands, ANewNetworkLeavesNoLinkInIt)
     EXPECT_FALSE(link.current().done);
     EXPECT_EQ(link.findChild<QComboBox*>(QStringLiteral("netlist"))->currentText(),
               QStringLiteral("Pas de réseau commun"));
+}
+
+TEST_F(LinkCommands, ItsOneLinkGivesWayToTheNetsWhenItCloses)
+{
+    network.units[3] = network.units[1]; // a station that the link has no part in
+    network.units[3].lon = 2;
+    drawmap(nullptr, true);
+    drawnets();
+    const auto drawings = currentpic->surface.over.size();
+    for (const bool automatic : {true, false}) {
+        window->setchecked("mnuViewAuto", automatic);
+        frmLink& link = open();
+        EXPECT_NE(currentpic->surface.over.size(), drawings);
+        link.close();
+        EXPECT_EQ(currentpic->surface.over.size() == drawings, automatic);
+    }
 }
 
 TEST_F(LinkCommands, ItClosesWithTheMainWindowMinimised)
