@@ -7,6 +7,7 @@
 
 #include <QBuffer>
 #include <QByteArray>
+#include <QXmlStreamWriter>
 
 #include <algorithm>
 #include <cmath>
@@ -190,10 +191,36 @@ bool refuse(std::string* why)
     return false;
 }
 
-/// Text with the characters that XML keeps for itself.
-std::string xmltext(const std::string& text)
+/// A ground overlay: a picture by its file name, and the box that it covers.
+QByteArray overlaykml(const std::string& name, const std::string& pngname, const GeoBox& box)
 {
-    return QString::fromStdString(text).toHtmlEscaped().toStdString();
+    QByteArray kml;
+    QXmlStreamWriter xml(&kml);
+    const auto element = [&xml](const char* tag, const std::string& text) {
+        xml.writeTextElement(QString::fromLatin1(tag), QString::fromStdString(text));
+    };
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(2);
+    xml.writeStartDocument();
+    xml.writeStartElement(QStringLiteral("kml"));
+    xml.writeDefaultNamespace(QStringLiteral("http://www.opengis.net/kml/2.2"));
+    xml.writeStartElement(QStringLiteral("GroundOverlay"));
+    element("name", name);
+    xml.writeStartElement(QStringLiteral("Icon"));
+    element("href", pngname);
+    xml.writeEndElement();
+    xml.writeStartElement(QStringLiteral("LatLonBox"));
+    element("north", generalnumber(box.north));
+    element("south", generalnumber(box.south));
+    element("east", generalnumber(box.east));
+    element("west", generalnumber(box.west));
+    xml.writeEndDocument();
+    return kml;
+}
+
+std::string_view viewof(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 } // namespace
 
@@ -241,34 +268,7 @@ bool writekml(const std::string& path, const QImage& image, const Picture& pictu
     QBuffer png;
     png.open(QIODevice::WriteOnly);
     geo.image.save(&png, "PNG");
-    const std::string kml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                            "<kml xmlns=\"http://www.opengis.net/kml/2.2\">\n"
-                            "  <GroundOverlay>\n"
-                            "    <name>" +
-                            xmltext(nameof(base)) +
-                            "</name>\n"
-                            "    <Icon><href>" +
-                            xmltext(pngname) +
-                            "</href></Icon>\n"
-                            "    <LatLonBox>\n"
-                            "      <north>" +
-                            generalnumber(geo.box.north) +
-                            "</north>\n"
-                            "      <south>" +
-                            generalnumber(geo.box.south) +
-                            "</south>\n"
-                            "      <east>" +
-                            generalnumber(geo.box.east) +
-                            "</east>\n"
-                            "      <west>" +
-                            generalnumber(geo.box.west) +
-                            "</west>\n"
-                            "    </LatLonBox>\n"
-                            "  </GroundOverlay>\n"
-                            "</kml>\n";
-    const QByteArray& bytes = png.data();
-    return writefile(targetpath(pathof(base) + pngname),
-                     std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())),
-                     why) &&
-           writefile(targetpath(path), kml, why);
+    const QByteArray kml = overlaykml(nameof(base), pngname, geo.box);
+    return writefile(targetpath(pathof(base) + pngname), viewof(png.data()), why) &&
+           writefile(targetpath(path), viewof(kml), why);
 }
