@@ -41,8 +41,10 @@ void connectmapwindows();
 
 /// Opens the radio link window, or brings it to the front.
 void radiolink();
-/// Tables or propagation mode are others: the link window shows what holds now.
+/// Another network is in the tables: the link window shows its stations.
 void refilllink();
+/// The propagation mode is another: the link window studies its link again.
+void restudylink();
 /// Lets the link window ask for a file and give the pictures back to the nets, and lets the
 /// pictures open it.
 void connectlinkwindow();

@@ -194,7 +194,7 @@ static void setmode(std::int16_t mode)
     mainwindow->setchecked("mnuFileModeNormal", mode == 0);
     mainwindow->setchecked("mnuFileModeInterf", mode == 1);
     hooks.setlabel2("");
-    refilllink();
+    restudylink();
     drawnets(); // tells the mode of interference
 }
 

@@ -35,6 +35,12 @@ void refilllink()
         window->refill();
 }
 
+void restudylink()
+{
+    if (frmLink* window = linkwindow(mainwindow))
+        window->restudy();
+}
+
 void connectlinkwindow()
 {
     linkwindowhooks.asktextfile = [](const std::string& offered) {

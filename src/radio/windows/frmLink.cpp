@@ -46,6 +46,11 @@ std::string& exportname()
     return name;
 }
 
+AnalysisOptions options()
+{
+    return {interf, session.defh1, session.defh2};
+}
+
 const Unit& unitat(int number)
 {
     return network.units[static_cast<std::size_t>(number)];
@@ -106,8 +111,6 @@ void frmLink::refill()
 {
     const QSignalBlocker quiet1(transmitterlist);
     const QSignalBlocker quiet2(receiverlist);
-    transmitterlist->clear();
-    receiverlist->clear();
     fillstations(*transmitterlist, selection.linkunit1);
     fillstations(*receiverlist, selection.linkunit2);
     changestations();
@@ -159,16 +162,16 @@ void frmLink::changestations()
     resetmeters();
     Picture1->setgraph({});
     fillnets();
-    fillcolumns();
     if (chosennet() > 0)
         showprofile();
+    else
+        fillcolumns();
 }
 
 /// Evaluates the chosen link, and shows it by this procedure; without a profile nothing.
 void frmLink::study(const std::function<void()>& show)
 {
-    const AnalysisOptions options{interf, session.defh1, session.defh2};
-    if (studylink(network, mapgrid, transmitter(), receiver(), chosennet(), options, shown)) {
+    if (studylink(network, mapgrid, transmitter(), receiver(), chosennet(), options(), shown)) {
         show();
         return;
     }
@@ -204,7 +207,13 @@ void frmLink::showprofile()
 
 void frmLink::followstation(int unit)
 {
-    if (unit != shown.a && unit != shown.b)
+    if (unit == shown.a || unit == shown.b)
+        restudy();
+}
+
+void frmLink::restudy()
+{
+    if (shown.a == 0)
         return;
     const LinkGraph graph = inview;
     const double place = cursorx;
@@ -239,8 +248,10 @@ void frmLink::applyheight(bool left, const QString& typed)
     } else {
         (left ? session.defh1 : session.defh2) = height;
     }
-    fillcolumns();
-    showprofile();
+    if (chosen())
+        showprofile();
+    else
+        fillcolumns();
 }
 
 void frmLink::invert()
@@ -342,9 +353,8 @@ void frmLink::exportlink()
         return;
     exportname() = name;
     hooks.busypointer(true);
-    const AnalysisOptions options{interf, session.defh1, session.defh2};
     const bool written =
-        exportprofile(name, network, mapgrid, transmitter(), receiver(), chosennet(), options);
+        exportprofile(name, network, mapgrid, transmitter(), receiver(), chosennet(), options());
     hooks.busypointer(false);
     if (written)
         hooks.viewtext(name);

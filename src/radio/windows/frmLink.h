@@ -41,8 +41,9 @@ public:
     void choosestations(int a, int b);
     /// Another network is in the tables: its names, and no link that was studied in the old one.
     void refill();
-    /// A station has another place: a link that it belongs to is studied again, in the graph in
-    /// view.
+    /// Studies the link in view again, in the graph in view, and leaves the pictures alone.
+    void restudy();
+    /// A station has another place: a link that it belongs to is studied again.
     void followstation(int unit);
     /// Into (true) or out of the state in which only Stop is live.
     void setbusy(bool on);

@@ -77,8 +77,10 @@ TEST_F(LinkCommands, TheExportAsksForATextFile)
 TEST_F(LinkCommands, ItFollowsThePropagationMode)
 {
     frmLink& link = open();
+    link.showdetails();
     const double before = link.current().link.record.loss;
     choose("mnuFileModeInterf");
+    EXPECT_TRUE(link.findChild<QAction*>(QStringLiteral("details"))->isChecked());
     EXPECT_LT(double{link.current().link.record.loss}, before);
     choose("mnuFileModeNormal");
     EXPECT_EQ(double{link.current().link.record.loss}, before);
