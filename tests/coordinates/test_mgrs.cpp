@@ -37,7 +37,7 @@ TEST_F(MgrsTest, AgreesWithExactCoordinatesOnAllRows)
 {
     const auto rows = readcsv(geodesy + "utm_mgrs.csv");
     if (rows.empty())
-        GTEST_SKIP() << "no " << geodesy;
+        GTEST_SKIP() << "no reference positions beside the project";
     for (const auto& row : rows) {
         const double lon = leadingnumber(row[0]);
         const double lat = leadingnumber(row[1]);
@@ -57,7 +57,7 @@ TEST_F(MgrsTest, TheInverseGivesTheCornerWithItsTwoOffsets)
 {
     const auto rows = readcsv(geodesy + "inverse.csv");
     if (rows.empty())
-        GTEST_SKIP() << "no " << geodesy;
+        GTEST_SKIP() << "no reference positions beside the project";
     int refused = 0;
     for (const auto& row : rows) {
         float lon = 0;

@@ -146,6 +146,14 @@ void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none
     list.setCurrentIndex(std::max(0, list.findData(selection.linknet)));
 }
 
+QPushButton* namedbutton(const QString& name, const QString& caption, QWidget* parent)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
 QGroupBox* formbox(const QString& title, QFormLayout*& form, QWidget* parent)
 {
     auto* box = new QGroupBox(title, parent);

@@ -65,6 +65,9 @@ struct SweepFields {
 /// last, else the first. Without a net this text stands in the list, with 0.
 void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none);
 
+/// A button that Enter in a field doesn't press.
+QPushButton* namedbutton(const QString& name, const QString& caption, QWidget* parent);
+
 /// A titled box with the azimuth fields, captions in the order minimum, maximum, step.
 QGroupBox* azimuthbox(const QString& title, const std::array<QString, 3>& captions,
                       SweepFields& fields, QWidget* parent);

@@ -143,9 +143,7 @@ QWidget* frmCoverage::makebuttons()
     line->setContentsMargins(0, 0, 0, 0);
     line->addStretch();
     const auto add = [&](const char* name, const QString& caption, auto action) {
-        auto* button = new QPushButton(caption, row);
-        button->setObjectName(QString::fromLatin1(name));
-        button->setAutoDefault(false);
+        QPushButton* button = namedbutton(QString::fromLatin1(name), caption, row);
         connect(button, &QPushButton::clicked, this, action);
         line->addWidget(button);
         return button;

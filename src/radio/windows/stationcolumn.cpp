@@ -1,10 +1,9 @@
 #include "radio/windows/stationcolumn.h"
 
-#include <QFormLayout>
+#include "coverage/windows/coveragefields.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 
 StationColumn::StationColumn(const QString& name, const QStringList& captions, QWidget* parent)
     : QGroupBox(parent)
@@ -24,9 +23,8 @@ StationColumn::StationColumn(const QString& name, const QStringList& captions, Q
     height->setObjectName(name + QStringLiteral("height"));
     height->setAlignment(Qt::AlignRight);
     height->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000.000")));
-    auto* button = new QPushButton(QStringLiteral("Appliquer"), this);
-    button->setObjectName(name + QStringLiteral("apply"));
-    button->setAutoDefault(false);
+    QPushButton* button =
+        namedbutton(name + QStringLiteral("apply"), QStringLiteral("Appliquer"), this);
     auto* line = new QHBoxLayout;
     line->addWidget(height);
     line->addWidget(button);
