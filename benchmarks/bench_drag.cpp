@@ -1,5 +1,5 @@
-#include "pictures/paint/movestation.h"
-#include "pictures/paint/overlay.h"
+#include "netoverlay/paint/movestation.h"
+#include "netoverlay/paint/overlay.h"
 #include "radio/evaluate.h"
 
 #include <QGuiApplication>

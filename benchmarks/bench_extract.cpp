@@ -6,8 +6,8 @@
 // --benchmark_filter=gtopo30/warp measures the pixels of a common task for resamplers, 1024 x 768
 // out of a tile.
 
-#include "app/base/hooks.h"
-#include "app/base/session.h"
+#include "base/hooks.h"
+#include "base/session.h"
 #include "support/elevationfiles.h"
 #include "terrain/extraction.h"
 #include "terrain/mapgrid.h"

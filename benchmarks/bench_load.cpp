@@ -1,8 +1,8 @@
 // What opening a project costs before anything is computed: one .net and one .map of 2000 x 2000.
 // The two together must stay under 50 ms.
 
-#include "app/base/paths.h"
-#include "app/base/settings.h"
+#include "base/paths.h"
+#include "base/settings.h"
 #include "network/netfile.h"
 #include "terrain/mapfile.h"
 

@@ -3,8 +3,8 @@
 // The counter "ratio" of a kernel's line is the plain form's time over its own; both are the least
 // of many short turns, taken in alternation, so that what else the machine does weighs on neither.
 
-#include "engine/itm.h"
-#include "engine/lr.h"
+#include "engine/itm/itm.h"
+#include "engine/itm/lr.h"
 #include "engine/plain_itm.h"
 
 #include <algorithm>

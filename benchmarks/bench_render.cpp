@@ -1,7 +1,7 @@
 // Kernel time of a map picture of 2000 x 2000, bands of rows on all cores, as drawmap does it.
 
-#include "app/base/parallel.h"
-#include "engine/fastdraw.h"
+#include "base/parallel.h"
+#include "engine/draw/fastdraw.h"
 
 #include <benchmark/benchmark.h>
 #include <cmath>

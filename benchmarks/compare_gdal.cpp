@@ -6,13 +6,13 @@
 // Needs Debian's gdal-bin and the elevation files of ../shared/data/elevation; says so and ends
 // where they are missing.
 
-#include "app/base/parallel.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/parallel.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "coverage/sectorfill.h"
 #include "coverage/viewshed.h"
-#include "engine/fastdraw.h"
-#include "pictures/colours.h"
+#include "engine/draw/fastdraw.h"
+#include "relief/colours.h"
 #include "terrain/build.h"
 #include "terrain/extraction.h"
 

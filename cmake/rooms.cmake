@@ -1,23 +1,36 @@
 # A room's floor is one static library that sees only the headers of the rooms it names.
-# Each target gets a view folder with a link to its own source folder, and nothing else on its
-# include path; so a wrong include does not compile. A name in USES must already be a target; so
-# the order of the add_subdirectory lines is the order of the floors, and a ring does not configure.
+# Each target gets a view folder with a link to each of its own headers, and nothing else on its
+# include path; libraries are linked so that what one sees is not handed on. So a wrong include does
+# not compile. A name in USES must already be a target; so the order of the add_subdirectory lines is
+# the order of the rooms, and a ring does not configure.
 
-# velmora_library(name FOLDER path-below-src SOURCES ... USES targets... [LIBS ...] [QT modules...])
+# velmora_library(name FOLDER path-below-src SOURCES ... [SUBFOLDERS ...] USES targets... [LIBS ...]
+#                 [QT modules...])
 function(velmora_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 L "" "FOLDER" "SOURCES;USES;LIBS;QT")
+  cmake_parse_arguments(PARSE_ARGV 1 L "" "FOLDER" "SOURCES;SUBFOLDERS;USES;LIBS;QT")
   velmora_check_uses(${name} "${L_USES}")
-  set(view ${PROJECT_BINARY_DIR}/view/${name})
-  cmake_path(GET L_FOLDER PARENT_PATH up)
-  file(MAKE_DIRECTORY ${view}/${up})
-  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${view}/${L_FOLDER} SYMBOLIC)
+  velmora_view(${name} ${L_FOLDER} "${L_SUBFOLDERS}")
   list(TRANSFORM L_QT PREPEND Qt6::)
   add_library(${name} STATIC ${L_SOURCES})
-  target_include_directories(${name} PUBLIC ${view})
-  target_link_libraries(${name} PUBLIC ${L_USES} ${L_QT} ${L_LIBS} PRIVATE velmora_flags)
+  target_include_directories(${name} PUBLIC ${PROJECT_BINARY_DIR}/view/${name})
+  target_link_libraries(${name} PRIVATE ${L_USES} ${L_QT} ${L_LIBS} velmora_flags)
+  set_target_properties(${name} PROPERTIES VELMORA_SEES "${L_USES};${L_QT};${L_LIBS}")
   if(L_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
   endif()
+endfunction()
+
+# Links the headers of a folder, but not those of the floors above it, into the view of a target.
+function(velmora_view name folder subfolders)
+  set(view ${PROJECT_BINARY_DIR}/view/${name}/${folder})
+  foreach(part IN LISTS subfolders ITEMS "")
+    file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}
+      ${CMAKE_CURRENT_SOURCE_DIR}/${part}/*.h)
+    file(MAKE_DIRECTORY ${view}/${part})
+    foreach(header IN LISTS headers)
+      file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR}/${header} ${view}/${header} SYMBOLIC)
+    endforeach()
+  endforeach()
 endfunction()
 
 function(velmora_check_uses name uses)
@@ -26,6 +39,27 @@ function(velmora_check_uses name uses)
       message(FATAL_ERROR "${name} uses ${used}, which does not lie below it")
     endif()
   endforeach()
+endfunction()
+
+# Lets a program that is no room (a test, a benchmark, a fuzz entry) see the named targets and all
+# that those see.
+function(velmora_see_all program uses)
+  set(seen "")
+  set(next ${uses})
+  while(next)
+    list(POP_FRONT next one)
+    if(one IN_LIST seen)
+      continue()
+    endif()
+    list(APPEND seen ${one})
+    if(TARGET ${one})
+      get_target_property(below ${one} VELMORA_SEES)
+      if(below)
+        list(APPEND next ${below})
+      endif()
+    endif()
+  endwhile()
+  target_link_libraries(${program} PRIVATE ${seen})
 endfunction()
 
 # velmora_test(name SOURCES ... USES ... [GUI] [SLOW]): one test program, one ctest entry a test case.
@@ -37,7 +71,8 @@ function(velmora_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE
     VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VELMORA_BINARY_DIR="${PROJECT_BINARY_DIR}")
-  target_link_libraries(${name} PRIVATE ${T_USES} GTest::gmock velmora_flags)
+  velmora_see_all(${name} "${T_USES}")
+  target_link_libraries(${name} PRIVATE GTest::gmock velmora_flags)
   set(label unit)
   if(T_GUI)
     set(label gui)
@@ -62,7 +97,8 @@ function(velmora_fuzz name)
   set(target fuzz_${name})
   velmora_check_uses(${target} "${F_USES}")
   add_executable(${target} ${F_SOURCES})
-  target_link_libraries(${target} PRIVATE ${F_USES} velmora_flags)
+  velmora_see_all(${target} "${F_USES}")
+  target_link_libraries(${target} PRIVATE velmora_flags)
   target_compile_definitions(${target} PRIVATE VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   if(VELMORA_LIBFUZZER)
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)
@@ -71,4 +107,15 @@ function(velmora_fuzz name)
     add_test(NAME fuzz.${name} COMMAND ${target} ${PROJECT_SOURCE_DIR}/fuzz/seeds/${name})
     set_tests_properties(fuzz.${name} PROPERTIES LABELS unit TIMEOUT 120)
   endif()
+endfunction()
+
+# velmora_benchmark(name USES ... [MAIN]): the program <name>.cpp; MAIN takes the library's own main.
+function(velmora_benchmark name)
+  cmake_parse_arguments(PARSE_ARGV 1 B "MAIN" "" "SOURCES;USES")
+  add_executable(${name} ${name}.cpp ${B_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE VELMORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  velmora_see_all(${name} "${B_USES}")
+  target_link_libraries(${name} PRIVATE velmora_flags
+    $<IF:$<BOOL:${B_MAIN}>,benchmark::benchmark_main,benchmark::benchmark>)
 endfunction()

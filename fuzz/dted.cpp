@@ -1,6 +1,6 @@
 // A DTED cell of any bytes, laid on a small table.
 
-#include "engine/getdted.h"
+#include "engine/tiles/getdted.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 // The header of a GTOPO30 tile of any text, and a tile of any bytes: the text ends at the first
 // NUL, the tile's bytes stand behind it.
 
-#include "engine/gettopo30.h"
+#include "engine/tiles/gettopo30.h"
 
 #include <algorithm>
 #include <vector>

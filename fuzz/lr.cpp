@@ -1,9 +1,9 @@
 // The model on any bytes as a record, a profile and its length: every result is finite, and nothing
 // but what the call may write is written.
 
-#include "engine/lr.h"
+#include "engine/itm/lr.h"
 
-#include "engine/itm.h"
+#include "engine/itm/itm.h"
 
 #include <algorithm>
 #include <array>

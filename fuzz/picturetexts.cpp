@@ -1,7 +1,7 @@
 // The other texts that pictures read: places and the colour table.
 
-#include "pictures/colours.h"
-#include "pictures/places.h"
+#include "network/places.h"
+#include "relief/colours.h"
 
 #include <cstdint>
 #include <cstdlib>

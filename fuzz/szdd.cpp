@@ -2,9 +2,9 @@
 
 #include "terrain/szdd.h"
 
-#include "app/base/bytes.h"
-#include "app/base/paths.h"
-#include "engine/getterrain.h"
+#include "base/bytes.h"
+#include "base/paths.h"
+#include "engine/tiles/getterrain.h"
 
 #include <vector>
 

@@ -1,11 +1,11 @@
 // The desktop program. Everything it does begins in startup().
 
-#include "app/base/paths.h"
-#include "app/base/session.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/sessionstore.h"
 #include "app/windows/shellhooks.h"
 #include "app/windows/startup.h"
+#include "base/paths.h"
+#include "base/session.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,8 +1,8 @@
 #include "terrain/build.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/session.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/session.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/inputs.h"

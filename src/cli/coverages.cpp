@@ -1,4 +1,4 @@
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/inputs.h"
@@ -7,9 +7,9 @@
 #include "cli/renderoptions.h"
 #include "coverage/choice.h"
 #include "coverage/paint/coveragepicture.h"
-#include "pictures/colours.h"
-#include "pictures/paint/drawmap.h"
 #include "pictures/paint/export.h"
+#include "relief/colours.h"
+#include "relief/paint/drawmap.h"
 
 #include <charconv>
 #include <memory>

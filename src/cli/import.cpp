@@ -1,10 +1,10 @@
-#include "app/base/hooks.h"
-#include "app/base/paths.h"
+#include "base/hooks.h"
+#include "base/paths.h"
 #include "cli/command.h"
 #include "cli/failure.h"
-#include "cli/importer/importer.h"
 #include "cli/options.h"
 #include "cli/output.h"
+#include "gis/importer.h"
 
 #include <cmath>
 #include <dlfcn.h>

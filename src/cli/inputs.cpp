@@ -1,8 +1,8 @@
 #include "cli/inputs.h"
 
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "cli/failure.h"
 #include "terrain/mapfile.h"
 

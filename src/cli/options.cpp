@@ -1,8 +1,8 @@
 #include "cli/options.h"
 
-#include "app/base/hooks.h"
-#include "app/base/parallel.h"
-#include "app/base/paths.h"
+#include "base/hooks.h"
+#include "base/parallel.h"
+#include "base/paths.h"
 #include "cli/failure.h"
 #include "network/netfile.h"
 

@@ -1,6 +1,6 @@
 #include "cli/output.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "cli/failure.h"
 
 #include <cerrno>

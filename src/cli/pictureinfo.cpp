@@ -1,6 +1,6 @@
 #include "cli/pictureinfo.h"
 
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "cli/failure.h"
 #include "cli/output.h"
 #include "pictures/paint/picturefile.h"

@@ -1,4 +1,4 @@
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/inputs.h"

@@ -1,6 +1,6 @@
 #include "cli/program.h"
 
-#include "app/base/session.h"
+#include "base/session.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/output.h"

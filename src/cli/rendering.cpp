@@ -2,9 +2,9 @@
 #include "cli/inputs.h"
 #include "cli/options.h"
 #include "cli/renderoptions.h"
-#include "pictures/paint/drawmap.h"
-#include "pictures/paint/overlay.h"
+#include "netoverlay/paint/overlay.h"
 #include "radio/link.h"
+#include "relief/paint/drawmap.h"
 
 #include <memory>
 #include <string>

@@ -1,10 +1,10 @@
 #include "cli/renderoptions.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
 #include "cli/failure.h"
-#include "pictures/colours.h"
 #include "pictures/paint/picturefile.h"
+#include "relief/colours.h"
 #include "terrain/mapgrid.h"
 
 #include <QGuiApplication>

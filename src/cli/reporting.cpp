@@ -1,5 +1,5 @@
-#include "app/base/paths.h"
-#include "app/base/textcodec.h"
+#include "base/paths.h"
+#include "base/textcodec.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/inputs.h"

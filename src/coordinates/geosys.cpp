@@ -1,8 +1,8 @@
 #include "coordinates/geosys.h"
 
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
-#include "app/base/textcodec.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/textcodec.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "coordinates/mgrs.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "coordinates/positiontexts.h"
 
-#include "app/base/numbers.h"
-#include "app/base/textcodec.h"
+#include "base/numbers.h"
+#include "base/textcodec.h"
 #include "coordinates/mgrs.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "coverage/choice.h"
 
-#include "app/base/numbers.h"
-#include "app/base/settings.h"
+#include "base/numbers.h"
+#include "base/settings.h"
 
 CoverageChoice coveragechoice;
 std::array<float, 11> rainbowlevel{};
@@ -56,23 +56,6 @@ CoverageParams shownparams(const CoverageParams& params)
 CoverageParams heldparams(const CoverageParams& params)
 {
     return heldwithin(359.9F, 360, params);
-}
-
-std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB)
-{
-    std::vector<int> nets;
-    const auto enabled = [&](int unit) {
-        return unit >= 1 && unit <= MAXUNIT &&
-               tables.units[static_cast<std::size_t>(unit)].enabled != 0;
-    };
-    if (!enabled(unitA) || !enabled(unitB))
-        return nets;
-    for (int n = 1; n <= MAXNET; ++n) {
-        const Net& net = tables.nets[static_cast<std::size_t>(n)];
-        if (net.ismember(unitA) && net.ismember(unitB))
-            nets.push_back(n);
-    }
-    return nets;
 }
 
 float heldlower(double typed, double least, double upper)

@@ -39,9 +39,6 @@ CoverageParams shownparams(const CoverageParams& params);
 /// up to 359.9 and the antenna's to 360.
 CoverageParams heldparams(const CoverageParams& params);
 
-/// The nets that have both stations as members, when both are enabled; ascending.
-std::vector<int> commonnets(const NetworkTables& tables, int unitA, int unitB);
-
 /// Least distance between the two numbers of a pair of fields.
 inline constexpr double pairgap = 0.1;
 /// A typed number held as the lower one of a pair, from `least` to the gap below `upper`, and as

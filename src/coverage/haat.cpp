@@ -1,9 +1,9 @@
 #include "coverage/haat.h"
 
-#include "app/base/clock.h"
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
+#include "base/clock.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/paths.h"
 #include "coordinates/positiontexts.h"
 #include "radio/link.h"
 

@@ -1,7 +1,7 @@
 #include "coverage/pattern.h"
 
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
+#include "base/numbers.h"
+#include "base/paths.h"
 #include "coverage/numberlist.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "coverage/radar.h"
 
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
+#include "base/numbers.h"
+#include "base/paths.h"
 #include "coverage/numberlist.h"
 
 /// A gate takes two numbers of a few characters; this holds a million gates.

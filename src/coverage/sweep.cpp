@@ -1,7 +1,7 @@
 #include "coverage/sweep.h"
 
-#include "app/base/numbers.h"
-#include "app/base/parallel.h"
+#include "base/numbers.h"
+#include "base/parallel.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "network/netfile.h"
 
-#include "app/base/bytes.h"
+#include "base/bytes.h"
 
 /// First bytes of the current format, and of a map file.
 static constexpr float netsignature = 2000;

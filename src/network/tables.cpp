@@ -1,6 +1,6 @@
 #include "network/tables.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 #include <charconv>
 

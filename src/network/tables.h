@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/base/textcodec.h"
+#include "base/textcodec.h"
 
 #include <array>
 #include <cstddef>

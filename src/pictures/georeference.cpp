@@ -1,6 +1,6 @@
 #include "pictures/georeference.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 #include <cmath>
 

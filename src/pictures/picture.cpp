@@ -1,6 +1,6 @@
 #include "pictures/picture.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 bool Picture::isstereo() const
 {

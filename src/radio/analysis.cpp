@@ -1,6 +1,6 @@
 #include "radio/analysis.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "radio/earth.h"
 
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "radio/evaluate.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/parallel.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/parallel.h"
 #include "radio/link.h"
 
 #include <algorithm>

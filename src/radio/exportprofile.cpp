@@ -1,9 +1,9 @@
 #include "radio/exportprofile.h"
 
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
-#include "app/base/textcodec.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/session.h"
+#include "base/textcodec.h"
 #include "radio/earth.h"
 
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "radio/link.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 #include <cmath>
 

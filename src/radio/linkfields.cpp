@@ -1,6 +1,6 @@
 #include "radio/linkfields.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "radio/link.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "radio/linkstudy.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 bool studylink(const NetworkTables& tables, const MapGrid& map, int a, int b, int net,
                const AnalysisOptions& options, LinkStudy& study)

@@ -1,6 +1,6 @@
 #include "radio/profile.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 #include <cmath>
 #include <numbers>

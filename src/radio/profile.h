@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/lr.h"
+#include "engine/itm/lr.h"
 #include "network/tables.h"
 #include "terrain/mapgrid.h"
 

@@ -1,10 +1,10 @@
 #include "reports/netreport.h"
 
-#include "app/base/clock.h"
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/clock.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "coordinates/positiontexts.h"
 #include "radio/link.h"
 

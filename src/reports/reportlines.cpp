@@ -1,6 +1,6 @@
 #include "reports/reportlines.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "terrain/build.h"
 
-#include "app/base/hooks.h"
-#include "app/base/operation.h"
-#include "app/base/session.h"
-#include "app/base/settings.h"
+#include "base/hooks.h"
+#include "base/operation.h"
+#include "base/session.h"
+#include "base/settings.h"
 #include "terrain/extraction.h"
 
 #include <string>

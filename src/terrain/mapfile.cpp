@@ -1,11 +1,11 @@
 #include "terrain/mapfile.h"
 
-#include "app/base/bytes.h"
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/operation.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/bytes.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/operation.h"
+#include "base/paths.h"
+#include "base/session.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "terrain/mapgrid.h"
 
-#include "app/base/numbers.h"
-#include "app/base/operation.h"
+#include "base/numbers.h"
+#include "base/operation.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "terrain/mapproperties.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "coordinates/positiontexts.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/tile.h"
+#include "engine/tiles/tile.h"
 
 #include <optional>
 #include <string>

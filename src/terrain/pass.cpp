@@ -1,10 +1,10 @@
 #include "terrain/pass.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/operation.h"
-#include "app/base/session.h"
-#include "engine/getmapstat.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/operation.h"
+#include "base/session.h"
+#include "engine/tiles/getmapstat.h"
 #include "terrain/extraction.h"
 #include "terrain/mapgrid.h"
 

@@ -1,6 +1,6 @@
 #include "terrain/szdd.h"
 
-#include "app/base/paths.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <cstdlib>

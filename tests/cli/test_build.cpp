@@ -1,7 +1,7 @@
 // Building maps, and importing rasters for them, from the command line.
 
 #include "cli/process.h"
-#include "engine/getdted.h"
+#include "engine/tiles/getdted.h"
 #include "support/elevationfiles.h"
 #include "terrain/mapfile.h"
 
@@ -53,7 +53,7 @@ protected:
     void SetUp() override
     {
         Build::SetUp();
-        if (!std::filesystem::exists(VELMORA_BINARY_DIR "/lib/libvelmora_import.so"))
+        if (!std::filesystem::exists(VELMORA_BINARY_DIR "/lib/libvelmora_gis.so"))
             GTEST_SKIP() << "built without GDAL";
     }
 

@@ -1,4 +1,4 @@
-#include "app/base/session.h"
+#include "base/session.h"
 #include "cli/handmade.h"
 #include "cli/process.h"
 

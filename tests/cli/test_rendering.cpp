@@ -1,4 +1,4 @@
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "cli/handmade.h"
 #include "cli/process.h"
 #include "pictures/paint/picturefile.h"

@@ -1,4 +1,4 @@
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "coordinates/geosys.h"
 #include "support/tempfolder.h"
 

@@ -1,4 +1,4 @@
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "coordinates/mgrs.h"
 #include "support/csv.h"
 

@@ -1,4 +1,4 @@
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "coordinates/geosys.h"
 #include "coordinates/positiontexts.h"
 #include "support/csv.h"

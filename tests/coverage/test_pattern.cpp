@@ -1,4 +1,4 @@
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "coverage/pattern.h"
 #include "support/tempfolder.h"
 

@@ -1,4 +1,4 @@
-#include "app/base/parallel.h"
+#include "base/parallel.h"
 #include "coverage/radiosweep.h"
 #include "coverage/scene.h"
 #include "coverage/slowcoverage.h"

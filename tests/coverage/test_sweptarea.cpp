@@ -1,7 +1,7 @@
 // What whole sweeps leave on a sheet: every pixel of the swept area painted, and a contour without
 // gaps.
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "coverage/scene.h"
 #include "coverage/sectorfill.h"
 #include "coverage/viewshed.h"

@@ -1,6 +1,6 @@
 // The demo is the first plan that anybody sees: it must be whole, and show every kind of link.
 
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "network/netfile.h"
 #include "radio/evaluate.h"
 #include "terrain/mapfile.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/itm.h"
+#include "engine/itm/itm.h"
 #include "engine/modelcases.h"
 #include "engine/plain_itm.h"
 

@@ -1,9 +1,9 @@
 // The elevation kernels on tiles in memory, against bilinear interpolation from its definition.
 
-#include "engine/getdted.h"
-#include "engine/getmapstat.h"
-#include "engine/getterrain.h"
-#include "engine/gettopo30.h"
+#include "engine/tiles/getdted.h"
+#include "engine/tiles/getmapstat.h"
+#include "engine/tiles/getterrain.h"
+#include "engine/tiles/gettopo30.h"
 #include "support/elevationfiles.h"
 
 #include <algorithm>

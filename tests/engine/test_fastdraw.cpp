@@ -1,4 +1,4 @@
-#include "engine/fastdraw.h"
+#include "engine/draw/fastdraw.h"
 
 #include <algorithm>
 #include <cmath>

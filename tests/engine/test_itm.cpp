@@ -1,7 +1,7 @@
 // The model on spans: against its reference cases, against its plain form, and its properties.
 
-#include "engine/itm.h"
-#include "engine/itmkernel.h"
+#include "engine/itm/itm.h"
+#include "engine/itm/itmkernel.h"
 #include "engine/modelinput.h"
 
 #include <algorithm>

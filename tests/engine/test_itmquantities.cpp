@@ -1,7 +1,7 @@
 // The model's quantities one by one.
 
-#include "engine/itmattenuation.h"
-#include "engine/itmvariability.h"
+#include "engine/itm/itmattenuation.h"
+#include "engine/itm/itmvariability.h"
 #include "engine/rows.h"
 
 #include <cmath>

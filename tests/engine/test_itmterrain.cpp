@@ -1,6 +1,6 @@
 // What the model reads from a profile: horizons, lines, irregularity.
 
-#include "engine/itmroughness.h"
+#include "engine/itm/itmroughness.h"
 
 #include <algorithm>
 #include <cmath>

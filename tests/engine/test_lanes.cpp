@@ -1,4 +1,4 @@
-#include "engine/lanes.h"
+#include "engine/itm/lanes.h"
 #include "engine/rows.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "engine/lr.h"
+#include "engine/itm/lr.h"
 #include "engine/modelinput.h"
 #include "engine/rows.h"
 

@@ -1,6 +1,6 @@
 // The engine's shared library as a program outside meets it.
 
-#include "engine/lr.h"
+#include "engine/itm/lr.h"
 
 #include <array>
 #include <cmath>

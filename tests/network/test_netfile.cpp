@@ -1,4 +1,4 @@
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "network/netfile.h"
 #include "support/rawbytes.h"
 

@@ -1,6 +1,6 @@
 #include "slowevaluation.h"
 
-#include "engine/lr.h"
+#include "engine/itm/lr.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
-#include "app/base/hooks.h"
-#include "app/base/parallel.h"
+#include "base/hooks.h"
+#include "base/parallel.h"
 #include "radio/evaluate.h"
 #include "radio/link.h"
 #include "scene.h"

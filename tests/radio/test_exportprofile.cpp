@@ -1,5 +1,5 @@
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "radio/exportprofile.h"
 #include "radio/linkscene.h"
 #include "support/tempfolder.h"

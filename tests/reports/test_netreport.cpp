@@ -1,7 +1,7 @@
-#include "app/base/clock.h"
-#include "app/base/hooks.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/clock.h"
+#include "base/hooks.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "reports/netreport.h"
 #include "support/tempfolder.h"
 

@@ -1,7 +1,7 @@
 // Every file that the program ships is there and well formed.
 
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
+#include "base/numbers.h"
+#include "base/paths.h"
 
 #include <QDir>
 #include <QImage>

@@ -1,12 +1,12 @@
 // Real elevation files against heights that an independent reader found in them. The files lie
 // beside the project, not in it.
 
-#include "app/base/bytes.h"
-#include "app/base/hooks.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
-#include "engine/getdted.h"
-#include "engine/gettopo30.h"
+#include "base/bytes.h"
+#include "base/hooks.h"
+#include "base/paths.h"
+#include "base/session.h"
+#include "engine/tiles/getdted.h"
+#include "engine/tiles/gettopo30.h"
 #include "terrain/extraction.h"
 #include "terrain/mapgrid.h"
 #include "terrain/outsidefile.h"

@@ -1,10 +1,10 @@
 // Building maps from trees of elevation files that the tests make themselves.
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/operation.h"
-#include "app/base/session.h"
-#include "app/base/settings.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/operation.h"
+#include "base/session.h"
+#include "base/settings.h"
 #include "support/elevationfiles.h"
 #include "terrain/build.h"
 #include "terrain/extraction.h"

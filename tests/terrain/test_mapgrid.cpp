@@ -1,4 +1,4 @@
-#include "app/base/operation.h"
+#include "base/operation.h"
 #include "terrain/mapgrid.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "app/windows/askbox.h"
 
-#include "app/base/session.h"
 #include "app/windows/frmMain.h"
+#include "base/session.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
 #include "app/windows/askfile.h"
 
-#include "app/base/paths.h"
 #include "app/windows/frmMain.h"
+#include "base/paths.h"
 
 #include <QFileDialog>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/base/hooks.h"
+#include "base/hooks.h"
 
 #include <QString>
 

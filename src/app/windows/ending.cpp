@@ -1,13 +1,13 @@
 #include "app/windows/ending.h"
 
-#include "app/base/hooks.h"
-#include "app/base/operation.h"
-#include "app/base/session.h"
 #include "app/windows/cleannet.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/geometry.h"
 #include "app/windows/sessionstore.h"
 #include "app/windows/shellhooks.h"
+#include "base/hooks.h"
+#include "base/operation.h"
+#include "base/session.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -1,7 +1,5 @@
 #include "app/windows/frmMain.h"
 
-#include "app/base/hooks.h"
-#include "app/base/session.h"
 #include "app/windows/ending.h"
 #include "app/windows/geometry.h"
 #include "app/windows/icons.h"
@@ -9,6 +7,8 @@
 #include "app/windows/stationicons.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
+#include "base/hooks.h"
+#include "base/session.h"
 #include "pictures/windows/frmPic.h"
 #include "radio/windows/frmLink.h"
 

@@ -1,7 +1,7 @@
 #include "app/windows/frmSplash.h"
 
-#include "app/base/session.h"
 #include "app/windows/icons.h"
+#include "base/session.h"
 
 #include <QGuiApplication>
 #include <QLinearGradient>

@@ -1,7 +1,7 @@
 #include "app/windows/geometry.h"
 
-#include "app/base/settings.h"
 #include "app/windows/frmMain.h"
+#include "base/settings.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,7 +1,7 @@
 #include "app/windows/menus.h"
 
 #include "app/windows/commands.h"
-#include "pictures/paint/overlay.h"
+#include "netoverlay/paint/overlay.h"
 #include "pictures/windows/showworld.h"
 
 #include <array>

@@ -1,12 +1,14 @@
 #include "app/windows/shellhooks.h"
 
-#include "app/base/hooks.h"
 #include "app/windows/askbox.h"
 #include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/statusbar.h"
-#include "pictures/paint/overlay.h"
+#include "base/hooks.h"
+#include "netoverlay/paint/overlay.h"
+#include "netoverlay/windows/stationmouse.h"
 #include "pictures/windows/frmPic.h"
+#include "relief/paint/drawmap.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -59,6 +61,9 @@ void fillhooks()
             mainwindow->Picture2->setprogress(percent);
     };
     connectpictures();
+    connectrelief();
+    connectnetoverlay();
+    connectstationmouse();
     hooks.drawmap = [draw = hooks.drawmap](const std::string& name) {
         draw(name);
         if (mainwindow)

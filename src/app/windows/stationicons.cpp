@@ -1,7 +1,7 @@
 #include "app/windows/stationicons.h"
 
-#include "app/base/paths.h"
-#include "pictures/paint/overlay.h"
+#include "base/paths.h"
+#include "netoverlay/paint/overlay.h"
 
 #include <QDir>
 #include <QImage>

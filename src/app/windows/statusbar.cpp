@@ -1,6 +1,6 @@
 #include "app/windows/statusbar.h"
 
-#include "app/base/settings.h"
+#include "base/settings.h"
 
 #include <QEvent>
 #include <QFrame>

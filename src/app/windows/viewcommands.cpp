@@ -1,4 +1,3 @@
-#include "app/base/operation.h"
 #include "app/windows/arrange.h"
 #include "app/windows/askfile.h"
 #include "app/windows/commands.h"
@@ -6,11 +5,13 @@
 #include "app/windows/frmMain.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
+#include "base/operation.h"
 #include "coverage/windows/frmCoverage.h"
 #include "coverage/windows/frmVisual.h"
-#include "pictures/paint/overlay.h"
+#include "netoverlay/paint/overlay.h"
+#include "netoverlay/windows/stationmouse.h"
+#include "pictures/paint/cursor.h"
 #include "pictures/windows/frmPic.h"
-#include "pictures/windows/stationmouse.h"
 #include "radio/windows/frmLink.h"
 #include "reports/windows/frmReport.h"
 
@@ -51,6 +52,8 @@ void connectlinkwindow()
                             .saving = true,
                             .extension = "TXT"});
     };
+    linkwindowhooks.showlink = linkoverlay;
+    linkwindowhooks.movecursor = movecursor;
     linkwindowhooks.closed = [] {
         if (mainwindow)
             autodrawnets();

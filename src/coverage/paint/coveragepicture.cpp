@@ -1,15 +1,16 @@
 #include "coverage/paint/coveragepicture.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/operation.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/operation.h"
 #include "coverage/choice.h"
-#include "engine/fastdraw.h"
-#include "pictures/colours.h"
+#include "engine/draw/fastdraw.h"
+#include "netoverlay/paint/overlay.h"
 #include "pictures/georeference.h"
-#include "pictures/paint/drawmap.h"
 #include "pictures/paint/keepdrawing.h"
-#include "pictures/paint/overlay.h"
+#include "relief/colours.h"
+#include "relief/paint/drawmap.h"
+#include "relief/paint/legend.h"
 
 #include <QPainter>
 

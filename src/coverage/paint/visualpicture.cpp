@@ -1,4 +1,4 @@
-#include "app/base/operation.h"
+#include "base/operation.h"
 #include "coverage/choice.h"
 #include "coverage/paint/coveragepicture.h"
 #include "network/tables.h"

@@ -1,12 +1,16 @@
 #include "coverage/windows/frmCoverage.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
+#include "base/windows/boxes.h"
+#include "base/windows/swatchbutton.h"
 #include "coverage/haat.h"
 #include "coverage/paint/coveragepicture.h"
-#include "pictures/coloredit.h"
-#include "pictures/colours.h"
-#include "pictures/windows/frmColors.h"
+#include "network/commonnets.h"
+#include "network/windows/lists.h"
 #include "radio/profile.h"
+#include "relief/coloredit.h"
+#include "relief/colours.h"
+#include "relief/windows/frmColors.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

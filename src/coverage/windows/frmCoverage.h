@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/windows/swatchbutton.h"
 #include "coverage/choice.h"
-#include "coverage/windows/coveragefields.h"
+#include "coverage/windows/sweepfields.h"
 
+#include <QComboBox>
 #include <QDialog>
 
 class QButtonGroup;

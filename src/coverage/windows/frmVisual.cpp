@@ -1,7 +1,10 @@
 #include "coverage/windows/frmVisual.h"
 
+#include "base/windows/boxes.h"
+#include "base/windows/swatchbutton.h"
 #include "coverage/choice.h"
 #include "coverage/paint/coveragepicture.h"
+#include "network/windows/lists.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

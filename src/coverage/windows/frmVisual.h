@@ -1,7 +1,9 @@
 #pragma once
 
-#include "coverage/windows/coveragefields.h"
+#include "base/windows/swatchbutton.h"
+#include "coverage/windows/sweepfields.h"
 
+#include <QComboBox>
 #include <QDialog>
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "pictures/paint/cursor.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/operation.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/operation.h"
 #include "coordinates/positiontexts.h"
 #include "pictures/georeference.h"
 #include "terrain/mapgrid.h"

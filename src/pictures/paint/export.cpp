@@ -1,8 +1,8 @@
 #include "pictures/paint/export.h"
 
-#include "app/base/bytes.h"
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
+#include "base/bytes.h"
+#include "base/numbers.h"
+#include "base/paths.h"
 #include "pictures/georeference.h"
 
 #include <QBuffer>

@@ -1,6 +1,6 @@
 #include "pictures/paint/fonts.h"
 
-#include "app/base/session.h"
+#include "base/session.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "pictures/paint/keepdrawing.h"
 
-#include "app/base/hooks.h"
+#include "base/hooks.h"
 
 bool keepdrawing(OpenPicture& picture, const std::string& what)
 {

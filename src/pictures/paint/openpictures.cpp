@@ -1,12 +1,9 @@
 #include "pictures/paint/openpictures.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
-#include "pictures/colours.h"
-#include "pictures/paint/drawmap.h"
-#include "pictures/paint/overlay.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "pictures/paint/picturefile.h"
 #include "pictures/sidecar.h"
 #include "terrain/mapgrid.h"
@@ -180,16 +177,6 @@ std::vector<std::string> picturenames()
     return names;
 }
 
-/// Draws the map that was built into its picture, by the picture's caption; opens one for it.
-static void drawbuiltmap(const std::string& name)
-{
-    const auto belongs = [file = lowercase(nameof(name))](const auto& picture) {
-        return lowercase(nameof(picture->caption)) == file;
-    };
-    const auto found = std::find_if(openpictures.begin(), openpictures.end(), belongs);
-    drawmap(found != openpictures.end() ? found->get() : openpic(name, -1), true);
-}
-
 void connectpictures()
 {
     hooks.openpicture = [](const std::string& name, int requested) { openpic(name, requested); };
@@ -200,7 +187,4 @@ void connectpictures()
             std::copy_n(lat, picture->data.lat.size(), picture->data.lat.begin());
         }
     };
-    hooks.erasenets = erasenets;
-    hooks.drawmap = drawbuiltmap;
-    hooks.mapchanged = setcolors;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "network/tables.h"
-#include "pictures/paint/linksheet.h"
 #include "pictures/paint/surface.h"
 #include "pictures/picture.h"
 
@@ -39,6 +38,9 @@ void hidemarks(PictureMarks& marks);
 /// 0: none.
 int stationat(const PictureMarks& marks, const QPoint& at);
 
+/// Links as they lie on a picture; the room that draws networks keeps it there.
+struct LinkSheet;
+
 /// An open picture: its data, its surface, and the marks over it. A window shows it; everything
 /// that draws works on it without one.
 struct OpenPicture {
@@ -73,6 +75,9 @@ struct PictureHooks {
     std::function<void()> cursormoved = [] {};
     /// A station was moved by hand: it stays there (`settled`), or is still on its way.
     std::function<void(int unit, bool settled)> stationmoved = [](int, bool) {};
+    /// A picture shows a part of another one that carries stations and links: they must be drawn
+    /// anew.
+    std::function<void(OpenPicture&)> drawnetsover = [](OpenPicture&) {};
     /// The picture is about to leave the list.
     std::function<void(OpenPicture&)> closewindow = [](OpenPicture&) {};
 };
@@ -99,6 +104,5 @@ void resizepicture(OpenPicture& picture, int width, int height);
 /// world map.
 std::vector<std::string> picturenames();
 
-/// Lets the logic reach the open pictures: fills the hooks for opening, listing, placing and
-/// erasing, and keeps the colour table on the map.
+/// Lets the logic reach the open pictures: fills the hooks for opening, listing and placing.
 void connectpictures();

@@ -1,6 +1,6 @@
 #include "pictures/paint/picturefile.h"
 
-#include "app/base/paths.h"
+#include "base/paths.h"
 #include "pictures/sidecar.h"
 
 #include <QBuffer>

@@ -1,9 +1,8 @@
 #include "pictures/paint/zoom.h"
 
-#include "app/base/hooks.h"
-#include "app/base/numbers.h"
+#include "base/hooks.h"
+#include "base/numbers.h"
 #include "pictures/georeference.h"
-#include "pictures/paint/overlay.h"
 
 #include <QPainter>
 
@@ -85,7 +84,7 @@ OpenPicture* zoompicture(OpenPicture& parent, const QRect& part)
     zoom.data.source = "Zoom de " + parent.data.source;
     // Stations and links would be blurred by the magnification: they are drawn anew.
     if (carriesnets(parent))
-        paintnets(zoom);
+        picturehooks.drawnetsover(zoom);
     picturehooks.showpicture(zoom);
     return &zoom;
 }

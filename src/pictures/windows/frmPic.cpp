@@ -1,13 +1,12 @@
 #include "pictures/windows/frmPic.h"
 
-#include "app/base/hooks.h"
-#include "app/base/operation.h"
+#include "base/hooks.h"
+#include "base/operation.h"
 #include "coordinates/positiontexts.h"
 #include "pictures/georeference.h"
 #include "pictures/layout.h"
 #include "pictures/paint/cursor.h"
 #include "pictures/paint/zoom.h"
-#include "pictures/windows/stationmouse.h"
 #include "pictures/windows/surfaceview.h"
 
 #include <QCloseEvent>
@@ -25,6 +24,7 @@
 #include <optional>
 
 bool mousecoordinates = false;
+std::vector<PictureToolMaker> picturetoolmakers;
 
 namespace
 {
@@ -60,10 +60,11 @@ QScrollBar* makebar(Qt::Orientation orientation, const QString& name, QWidget* p
 
 frmPic::frmPic(OpenPicture& shown, QWidget* parent)
     : QWidget(parent), entry(&shown), Picture1(new SurfaceView(shown, this)),
-      stations(new StationMouse(shown, Picture1)),
       HScroll1(makebar(Qt::Horizontal, QStringLiteral("HScroll1"), this)),
       VScroll1(makebar(Qt::Vertical, QStringLiteral("VScroll1"), this)), Picture2(new QWidget(this))
 {
+    for (const PictureToolMaker& make : picturetoolmakers)
+        tools.push_back(make(shown, Picture1));
     setObjectName(QStringLiteral("frmPic"));
     setAttribute(Qt::WA_DeleteOnClose);
     setFocusProxy(Picture1);
@@ -74,10 +75,12 @@ frmPic::frmPic(OpenPicture& shown, QWidget* parent)
     Picture2->hide();
     connect(Picture1, &SurfaceView::pressed, this, &frmPic::surfacepressed);
     connect(Picture1, &SurfaceView::moved, this, &frmPic::surfacemoved);
-    connect(Picture1, &SurfaceView::released, this,
-            [this](const QMouseEvent* event) { stations->released(*event); });
+    connect(Picture1, &SurfaceView::released, this, [this](const QMouseEvent* event) {
+        offered([event](PictureTool& tool) { return tool.released(*event); });
+    });
     connect(Picture1, &SurfaceView::doubleclicked, this, [this](QMouseEvent* event) {
-        if (entry != nullptr && !stations->doubleclicked(*event))
+        if (entry != nullptr &&
+            !offered([event](PictureTool& tool) { return tool.doubleclicked(*event); }))
             surfacepressed(event);
     });
     connect(Picture1, &SurfaceView::focused, this, &frmPic::surfacefocused);
@@ -146,7 +149,7 @@ void frmPic::refresh(const QRect& part)
 
 void frmPic::release()
 {
-    stations->settle();
+    settletools();
     entry = nullptr;
     Picture1->release();
 }
@@ -183,11 +186,23 @@ void frmPic::surfacefocused(bool on)
 {
     if (!on) {
         inFocus = false;
-        stations->settle();
+        settletools();
     } else if (entry != nullptr && opbusy == 0 && activewindow != this) {
         activewindow = this;
         hooks.setlabel2(entry->data.source);
     }
+}
+
+bool frmPic::offered(const std::function<bool(PictureTool&)>& offer)
+{
+    return std::any_of(tools.begin(), tools.end(),
+                       [&offer](const auto& tool) { return offer(*tool); });
+}
+
+void frmPic::settletools()
+{
+    for (const auto& tool : tools)
+        tool->settle();
 }
 
 void frmPic::startselection(const QPoint& at)
@@ -200,7 +215,7 @@ void frmPic::startselection(const QPoint& at)
 
 void frmPic::surfacepressed(QMouseEvent* event)
 {
-    if (entry == nullptr || stations->pressed(*event))
+    if (entry == nullptr || offered([event](PictureTool& tool) { return tool.pressed(*event); }))
         return;
     inFocus = true;
     const QPoint at = event->position().toPoint();
@@ -264,10 +279,11 @@ void frmPic::surfacemoved(QMouseEvent* event)
 {
     if (entry == nullptr)
         return;
-    if (stations->dragged(*event))
+    if (offered([event](PictureTool& tool) { return tool.dragged(*event); }))
         return;
-    if (event->buttons() == Qt::NoButton)
-        stations->showpointer(event->position());
+    if (event->buttons() == Qt::NoButton &&
+        !offered([event](PictureTool& tool) { return tool.showpointer(event->position()); }))
+        Picture1->setCursor(Qt::CrossCursor);
     const QPoint at = event->position().toPoint();
     if (event->buttons() != Qt::NoButton && inFocus && entry->data.Pictype < pictype::view3d &&
         opbusy == 0)
@@ -319,7 +335,7 @@ void frmPic::keyPressEvent(QKeyEvent* event)
     const bool keypad = event->modifiers().testFlag(Qt::KeypadModifier);
     const int key = event->key();
     if (key == Qt::Key_Escape) {
-        if (stations->escape())
+        if (offered([](PictureTool& tool) { return tool.escape(); }))
             return;
         if (opbusy > 0)
             opbusy = 0;

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "pictures/paint/openpictures.h"
+#include "pictures/windows/picturetool.h"
 
 #include <QPointer>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 class QScrollBar;
-class StationMouse;
 class SurfaceView;
 
 /// The status line follows the mouse over pictures ("Coordonnées de la souris").
@@ -44,6 +46,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// True when a tool takes what is offered; those behind it are not asked.
+    bool offered(const std::function<bool(PictureTool&)>& offer);
+    void settletools();
     void surfacepressed(QMouseEvent* event);
     void surfacemoved(QMouseEvent* event);
     void pictureclicked(const QPoint& at, bool right, bool shift);
@@ -62,7 +67,7 @@ private:
 
     OpenPicture* entry;
     SurfaceView* Picture1;
-    StationMouse* stations;
+    std::vector<std::unique_ptr<PictureTool>> tools;
     QScrollBar* HScroll1;
     QScrollBar* VScroll1;
     QWidget* Picture2; ///< grip between the bars

@@ -1,6 +1,6 @@
 #include "radio/paint/graphstyle.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "radio/paint/linkpicture.h"
 
 #include <QLineF>

@@ -1,6 +1,6 @@
 #include "radio/paint/linkpicture.h"
 
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "radio/earth.h"
 #include "radio/paint/graphstyle.h"
 #include "radio/paint/profileaxes.h"

@@ -1,4 +1,4 @@
-#include "app/base/numbers.h"
+#include "base/numbers.h"
 #include "radio/linkrange.h"
 #include "radio/paint/graphstyle.h"
 #include "radio/paint/linkpicture.h"

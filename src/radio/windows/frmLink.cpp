@@ -1,14 +1,12 @@
 #include "radio/windows/frmLink.h"
 
-#include "app/base/hooks.h"
-#include "app/base/operation.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
-#include "app/base/settings.h"
-#include "coverage/choice.h"
-#include "coverage/windows/coveragefields.h"
-#include "pictures/paint/cursor.h"
-#include "pictures/paint/overlay.h"
+#include "base/hooks.h"
+#include "base/operation.h"
+#include "base/paths.h"
+#include "base/session.h"
+#include "base/settings.h"
+#include "network/commonnets.h"
+#include "network/windows/lists.h"
 #include "radio/distribution.h"
 #include "radio/exportprofile.h"
 #include "radio/linkrange.h"
@@ -198,7 +196,7 @@ void frmLink::showprofile()
     selection.linknet = static_cast<std::int16_t>(chosennet());
     study([this] {
         drawprofile();
-        linkoverlay(transmitter(), receiver(), raycolour(shown));
+        linkwindowhooks.showlink(transmitter(), receiver(), raycolour(shown));
         showcursor(cursorstart, false);
     });
     fillcolumns();
@@ -316,7 +314,7 @@ void frmLink::showcursor(double x, bool pressed)
     if (readout.meter21)
         meters[0]->smeter(*readout.meter21);
     if (pressed)
-        movecursor(readout.lon, readout.lat);
+        linkwindowhooks.movecursor(readout.lon, readout.lat);
 }
 
 void frmLink::hidecursor()

@@ -2,6 +2,7 @@
 
 #include "radio/linkstudy.h"
 
+#include <QColor>
 #include <QDialog>
 
 #include <array>
@@ -23,6 +24,11 @@ enum class LinkGraph { profile, invert, details, range, distribution };
 struct LinkWindowHooks {
     /// Asks for the name of a text file to write; empty when the user gives up.
     std::function<std::string(const std::string& offered)> asktextfile;
+    /// Draws a link of two stations over the pictures, in the colour of its quality.
+    std::function<void(int a, int b, const QColor& colour)> showlink = [](int, int, const QColor&) {
+    };
+    /// Takes the geographic cursor to a place, degrees.
+    std::function<void(float lon, float lat)> movecursor = [](float, float) {};
     /// The window closes: its one link need not stand alone on the pictures any longer.
     std::function<void()> closed = [] {};
 };

@@ -1,6 +1,6 @@
 // The widgets of the link window: menus, lists, and the data of both ends.
 
-#include "app/base/operation.h"
+#include "base/operation.h"
 #include "radio/windows/frmLink.h"
 #include "radio/windows/smeter.h"
 #include "radio/windows/stationcolumn.h"

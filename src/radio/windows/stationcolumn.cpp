@@ -1,9 +1,10 @@
 #include "radio/windows/stationcolumn.h"
 
-#include "coverage/windows/coveragefields.h"
+#include "base/windows/boxes.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 StationColumn::StationColumn(const QString& name, const QStringList& captions, QWidget* parent)
     : QGroupBox(parent)

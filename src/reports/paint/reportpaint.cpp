@@ -1,5 +1,7 @@
 #include "reports/paint/reportpaint.h"
 
+#include "base/paint/colour.h"
+
 #include <QColor>
 #include <QFontMetricsF>
 #include <QPageLayout>
@@ -11,11 +13,6 @@ namespace
 {
 constexpr double printpoints = 12;
 constexpr double margin_mm = 15;
-
-QColor colorof(std::int32_t colour)
-{
-    return {colour & 255, colour >> 8 & 255, colour >> 16 & 255};
-}
 
 /// Characters of the report font that a page's paint area holds side by side at 12 points.
 double pagecolumns(const QPagedPaintDevice& device)

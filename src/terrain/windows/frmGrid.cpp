@@ -1,6 +1,6 @@
 #include "terrain/windows/frmGrid.h"
 
-#include "app/base/operation.h"
+#include "base/operation.h"
 #include "coordinates/positiontexts.h"
 #include "terrain/windows/mapwindows.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/base/hooks.h"
 #include "app/windows/startup.h"
+#include "base/hooks.h"
 
 #include <QTemporaryDir>
 

@@ -1,9 +1,9 @@
-#include "app/base/operation.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
 #include "app/windows/cleannet.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "base/operation.h"
+#include "base/paths.h"
+#include "base/session.h"
 #include "network/tables.h"
 #include "terrain/mapgrid.h"
 

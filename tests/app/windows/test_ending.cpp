@@ -1,9 +1,9 @@
-#include "app/base/operation.h"
-#include "app/base/session.h"
-#include "app/base/settings.h"
 #include "app/windows/ending.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "base/operation.h"
+#include "base/session.h"
+#include "base/settings.h"
 #include "network/tables.h"
 
 #include <QTest>

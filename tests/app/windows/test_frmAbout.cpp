@@ -1,9 +1,9 @@
-#include "app/base/paths.h"
-#include "app/base/session.h"
 #include "app/windows/frmAbout.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/frmSplash.h"
 #include "app/windows/shelltest.h"
+#include "base/paths.h"
+#include "base/session.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,10 +1,10 @@
-#include "app/base/operation.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
 #include "app/windows/stationicons.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
-#include "pictures/paint/overlay.h"
+#include "base/operation.h"
+#include "netoverlay/paint/overlay.h"
 #include "pictures/windows/frmPic.h"
 
 #include <QAction>

@@ -1,11 +1,11 @@
-#include "app/base/operation.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "base/operation.h"
+#include "netoverlay/paint/overlay.h"
 #include "network/tables.h"
-#include "pictures/paint/drawmap.h"
-#include "pictures/paint/overlay.h"
 #include "radio/link.h"
 #include "radio/windows/frmLink.h"
+#include "relief/paint/drawmap.h"
 #include "terrain/mapgrid.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
-#include "app/base/session.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/menus.h"
 #include "app/windows/shelltest.h"
+#include "base/session.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,9 +1,9 @@
-#include "app/base/numbers.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
-#include "app/base/settings.h"
 #include "app/windows/sessionstore.h"
 #include "app/windows/shelltest.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/session.h"
+#include "base/settings.h"
 
 #include <QSettings>
 

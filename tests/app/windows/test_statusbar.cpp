@@ -1,7 +1,7 @@
-#include "app/base/operation.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
 #include "app/windows/statusbar.h"
+#include "base/operation.h"
 
 #include <QAction>
 #include <QFrame>

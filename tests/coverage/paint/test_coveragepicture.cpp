@@ -2,8 +2,8 @@
 #include "coverage/paint/coveragepicture.h"
 #include "coverage/slowcoverage.h"
 #include "pictures/georeference.h"
-#include "pictures/paint/drawmap.h"
 #include "pictures/paint/picturetest.h"
+#include "relief/paint/drawmap.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
-#include "app/base/settings.h"
-#include "coverage/windows/coveragefields.h"
+#include "base/settings.h"
 #include "coverage/windows/frmCoverage.h"
-#include "pictures/paint/drawmap.h"
+#include "coverage/windows/sweepfields.h"
 #include "pictures/paint/picturetest.h"
+#include "relief/paint/drawmap.h"
 
 #include <QApplication>
 #include <QCheckBox>

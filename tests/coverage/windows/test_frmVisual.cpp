@@ -1,6 +1,6 @@
 #include "coverage/choice.h"
-#include "coverage/windows/coveragefields.h"
 #include "coverage/windows/frmVisual.h"
+#include "coverage/windows/sweepfields.h"
 #include "pictures/paint/picturetest.h"
 
 #include <QCheckBox>

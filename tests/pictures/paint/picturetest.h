@@ -1,13 +1,14 @@
 #pragma once
 
-#include "app/base/hooks.h"
-#include "app/base/operation.h"
-#include "app/base/paths.h"
-#include "app/base/session.h"
+#include "base/hooks.h"
+#include "base/operation.h"
+#include "base/paths.h"
+#include "base/session.h"
+#include "netoverlay/paint/overlay.h"
 #include "network/tables.h"
-#include "pictures/colours.h"
 #include "pictures/paint/openpictures.h"
-#include "pictures/paint/overlay.h"
+#include "relief/colours.h"
+#include "relief/paint/drawmap.h"
 #include "terrain/mapgrid.h"
 
 #include <QCoreApplication>
@@ -50,6 +51,8 @@ protected:
         newpic = false;
         toplevel = 0;
         connectpictures();
+        connectrelief();
+        connectnetoverlay();
         setcolors();
     }
 

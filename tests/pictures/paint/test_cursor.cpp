@@ -1,6 +1,6 @@
 #include "pictures/paint/cursor.h"
-#include "pictures/paint/drawmap.h"
-#include "picturetest.h"
+#include "pictures/paint/picturetest.h"
+#include "relief/paint/drawmap.h"
 
 namespace
 {

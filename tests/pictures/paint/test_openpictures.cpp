@@ -1,5 +1,5 @@
 #include "pictures/paint/picturefile.h"
-#include "picturetest.h"
+#include "pictures/paint/picturetest.h"
 
 #include <QPainter>
 

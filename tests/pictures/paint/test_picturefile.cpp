@@ -1,6 +1,6 @@
-#include "pictures/paint/drawmap.h"
 #include "pictures/paint/picturefile.h"
-#include "picturetest.h"
+#include "pictures/paint/picturetest.h"
+#include "relief/paint/drawmap.h"
 #include "support/rawbytes.h"
 
 #include <QColor>

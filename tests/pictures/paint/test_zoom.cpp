@@ -1,7 +1,7 @@
 #include "pictures/georeference.h"
-#include "pictures/paint/drawmap.h"
+#include "pictures/paint/picturetest.h"
 #include "pictures/paint/zoom.h"
-#include "picturetest.h"
+#include "relief/paint/drawmap.h"
 
 namespace
 {

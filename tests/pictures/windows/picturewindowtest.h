@@ -1,9 +1,10 @@
 #pragma once
 
+#include "netoverlay/windows/stationmouse.h"
 #include "pictures/paint/cursor.h"
-#include "pictures/paint/drawmap.h"
 #include "pictures/paint/picturetest.h"
 #include "pictures/windows/frmPic.h"
+#include "relief/paint/drawmap.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -21,6 +22,8 @@ protected:
             ++windowsmade;
             made->resize(400, 300);
         });
+        picturetoolmakers.clear();
+        connectstationmouse();
         picture = drawmap(nullptr, true);
         window = windowof(*picture);
         ASSERT_NE(window, nullptr);

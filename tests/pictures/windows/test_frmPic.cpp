@@ -1,4 +1,4 @@
-#include "picturewindowtest.h"
+#include "pictures/windows/picturewindowtest.h"
 
 #include <QScrollBar>
 #include <QWheelEvent>

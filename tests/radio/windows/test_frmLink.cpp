@@ -1,10 +1,11 @@
-#include "app/base/settings.h"
+#include "base/settings.h"
+#include "netoverlay/paint/overlay.h"
 #include "pictures/paint/cursor.h"
-#include "pictures/paint/drawmap.h"
 #include "pictures/paint/picturetest.h"
 #include "radio/windows/frmLink.h"
 #include "radio/windows/linkview.h"
 #include "radio/windows/smeter.h"
+#include "relief/paint/drawmap.h"
 
 #include <QAction>
 #include <QApplication>
@@ -44,6 +45,8 @@ protected:
         network.nets[2].name.assign("Deux");
         network.nets[5].name.assign("Cinq");
         network.systems[1].name.assign("Portatif");
+        linkwindowhooks.showlink = linkoverlay;
+        linkwindowhooks.movecursor = movecursor;
         linkwindowhooks.asktextfile = [this](const std::string& name) {
             offered = name;
             return filename;

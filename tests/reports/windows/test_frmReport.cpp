@@ -1,5 +1,5 @@
-#include "app/base/hooks.h"
-#include "app/base/paths.h"
+#include "base/hooks.h"
+#include "base/paths.h"
 #include "reports/paint/reportpaint.h"
 #include "reports/windows/frmReport.h"
 #include "support/tempfolder.h"

@@ -1,6 +1,0 @@
-#define ITM_VARIANT sse2
-#define ITM_WIDTH 2
-#include "engine/itmkernel.h"
-
-extern const itm::Kernel itmkernel_sse2;
-const itm::Kernel itmkernel_sse2 = {"sse2", itm::take, itm::path, itm::radial};

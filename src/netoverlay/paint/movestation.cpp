@@ -1,0 +1,96 @@
+#include "netoverlay/paint/movestation.h"
+
+#include "base/hooks.h"
+#include "base/numbers.h"
+#include "base/operation.h"
+#include "coordinates/positiontexts.h"
+#include "netoverlay/paint/overlay.h"
+#include "radio/evaluate.h"
+#include "radio/link.h"
+#include "terrain/mapgrid.h"
+
+namespace
+{
+
+Unit& unitat(int number)
+{
+    return network.units[static_cast<std::size_t>(number)];
+}
+
+void redrawlinks(int unit)
+{
+    reevaluate(network, mapgrid, false, interf, unit, quality);
+    paintnets(unit);
+    picturehooks.stationmoved(unit, false);
+}
+
+void tellplace(const Unit& unit)
+{
+    float lon = unit.lon; // the texts bring their own copies into range
+    float lat = unit.lat;
+    hooks.setlabel2(unit.name.text() + "  " + generalnumber(unit.elevation) + "m  " + dmslon(lon) +
+                    "  " + dmslat(lat));
+}
+
+} // namespace
+
+void placeunit(int number, float lon, float lat)
+{
+    Unit& unit = unitat(number);
+    float x = 0;
+    float y = 0;
+    float elevation = 0;
+    if (!maplookup(lon, lat, x, y, elevation))
+        elevation = 0;
+    unit.lon = lon;
+    unit.lat = lat;
+    unit.elevation = elevation;
+}
+
+void moveunit(float lon, float lat)
+{
+    placeunit(selection.curunit, lon, lat);
+    drawstations(selection.curunit, true);
+    moved = true;
+    picturehooks.stationmoved(selection.curunit, true);
+}
+
+void redrawmoved()
+{
+    if (!moved || opbusy > 0)
+        return;
+    moved = false;
+    drawnets();
+}
+
+StationDrag begindrag(int unit)
+{
+    evaluate(network, mapgrid, false, interf, quality);
+    return {unit, unitat(unit), netdirty};
+}
+
+void dragunit(const StationDrag& drag, float lon, float lat)
+{
+    netdirty = true;
+    placeunit(drag.unit, lon, lat);
+    redrawlinks(drag.unit);
+    tellplace(unitat(drag.unit));
+}
+
+void putback(const StationDrag& drag)
+{
+    Unit& unit = unitat(drag.unit);
+    unit.lon = drag.before.lon;
+    unit.lat = drag.before.lat;
+    unit.elevation = drag.before.elevation;
+    netdirty = drag.wasdirty;
+    redrawlinks(drag.unit);
+    paintnets();
+    tellplace(unit);
+}
+
+void settle(const StationDrag& drag)
+{
+    paintnets();
+    picturehooks.stationmoved(drag.unit, true);
+}

@@ -1,0 +1,25 @@
+#include "network/windows/lists.h"
+
+#include "network/tables.h"
+
+#include <algorithm>
+
+void fillstations(QComboBox& list, int selected)
+{
+    list.clear();
+    for (std::size_t i = 1; i <= MAXUNIT; ++i)
+        list.addItem(QString::fromStdString(network.units[i].name.text()));
+    list.setCurrentIndex(selected - 1);
+    list.setMaxVisibleItems(20);
+}
+
+void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none)
+{
+    list.clear();
+    for (const int n : nets)
+        list.addItem(QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()),
+                     n);
+    if (list.count() == 0)
+        list.addItem(none, 0);
+    list.setCurrentIndex(std::max(0, list.findData(selection.linknet)));
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "pictures/paint/openpictures.h"
+
+/// Draws the process's map into a picture, tile by tile, then the layers over it. A long operation:
+/// a stop leaves the tiles that are finished, and the picture's data as it was.
+///   picture  none, or any picture while `newpic` is set: a new one is made
+///   commit   keep what is drawn, and end the operation; false for a stage of another operation
+/// Returns the picture drawn in.
+OpenPicture* drawmap(OpenPicture* picture, bool commit);
+
+/// Lets the logic have a map drawn, and keeps the colour table on the map.
+void connectrelief();
