@@ -13,6 +13,7 @@
 #include "coverage/viewshed.h"
 #include "engine/draw/fastdraw.h"
 #include "relief/colours.h"
+#include "support/places.h"
 #include "terrain/build.h"
 #include "terrain/extraction.h"
 
@@ -35,7 +36,7 @@ namespace fs = std::filesystem;
 namespace
 {
 constexpr int repeats = 25;
-const std::string elevation = VELMORA_SOURCE_DIR "/../shared/data/elevation";
+const std::string elevation = sourcefolder() + "/../shared/data/elevation";
 
 /// One of the real maps.
 struct Region {

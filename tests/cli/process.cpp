@@ -1,6 +1,7 @@
 #include "cli/process.h"
 
 #include "network/netfile.h"
+#include "support/places.h"
 #include "terrain/mapfile.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@
 
 namespace
 {
-const char* const program = VELMORA_BINARY_DIR "/bin/velmora-cli";
+const std::string program = buildfolder() + "/bin/velmora-cli";
 
 std::string contentof(const std::filesystem::path& path)
 {
@@ -36,7 +37,7 @@ std::string contentof(const std::filesystem::path& path)
     setenv("VELMORA_HOME", folder.c_str(), 1);
     for (const auto& [name, value] : environment)
         setenv(name.c_str(), value.c_str(), 1);
-    execv(program, arguments.data());
+    execv(program.c_str(), arguments.data());
     _exit(127);
 }
 

@@ -3,6 +3,7 @@
 #include "cli/process.h"
 #include "engine/tiles/getdted.h"
 #include "support/elevationfiles.h"
+#include "support/places.h"
 #include "terrain/mapfile.h"
 
 #include <gmock/gmock.h>
@@ -53,7 +54,7 @@ protected:
     void SetUp() override
     {
         Build::SetUp();
-        if (!std::filesystem::exists(VELMORA_BINARY_DIR "/lib/libvelmora_gis.so"))
+        if (!std::filesystem::exists(buildfolder() + "/lib/libvelmora_gis.so"))
             GTEST_SKIP() << "built without GDAL";
     }
 

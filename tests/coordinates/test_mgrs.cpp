@@ -1,13 +1,14 @@
 #include "base/numbers.h"
 #include "coordinates/mgrs.h"
 #include "support/csv.h"
+#include "support/places.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
 
-static const std::string geodesy = VELMORA_SOURCE_DIR "/../shared/data/geodesy/";
+static const std::string geodesy = sourcefolder() + "/../shared/data/geodesy/";
 
 class MgrsTest : public testing::Test
 {

@@ -2,11 +2,12 @@
 #include "coordinates/geosys.h"
 #include "coordinates/positiontexts.h"
 #include "support/csv.h"
+#include "support/places.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
-static const std::string geodesy = VELMORA_SOURCE_DIR "/../shared/data/geodesy/";
+static const std::string geodesy = sourcefolder() + "/../shared/data/geodesy/";
 
 static std::string lontext(float lon)
 {

@@ -1,5 +1,6 @@
 #include "base/paths.h"
 #include "coverage/pattern.h"
+#include "support/places.h"
 #include "support/tempfolder.h"
 
 #include <gmock/gmock.h>
@@ -73,9 +74,9 @@ TEST(AntennaPattern, ListBeginsWithOmniAndHasLowerCaseNames)
 
 TEST(AntennaPattern, ShippedOnesPointForwardAndNeverGainElsewhere)
 {
-    setshippedfolder(VELMORA_SOURCE_DIR "/data/");
+    setshippedfolder(sourcefolder() + "/data/");
     for (const char* name : {"omni.ant", "dipole.ant", "yagi3.ant", "yagi9.ant", "panel.ant"}) {
-        const auto path = findfile(std::string(VELMORA_SOURCE_DIR "/data/") + name);
+        const auto path = findfile(std::string(sourcefolder() + "/data/") + name);
         ASSERT_TRUE(path) << name;
         const AntennaPattern pattern = readpattern(name);
         EXPECT_EQ(pattern[0], 0) << name;

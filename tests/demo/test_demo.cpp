@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "network/netfile.h"
 #include "radio/evaluate.h"
+#include "support/places.h"
 #include "terrain/mapfile.h"
 
 #include <gmock/gmock.h>
@@ -17,8 +18,8 @@ class Demo : public testing::Test
 protected:
     void SetUp() override
     {
-        const auto net = readfile(VELMORA_SOURCE_DIR "/demo/cumberland.net");
-        const auto terrain = readfile(VELMORA_SOURCE_DIR "/demo/cumberland.map");
+        const auto net = readfile(sourcefolder() + "/demo/cumberland.net");
+        const auto terrain = readfile(sourcefolder() + "/demo/cumberland.map");
         ASSERT_TRUE(net && terrain);
         ASSERT_EQ(parsenet(asbytes(*net), tables, file), NetStatus::ok);
         ASSERT_EQ(parsemap(asbytes(*terrain), map), MapStatus::ok);

@@ -1,5 +1,7 @@
 #include "engine/modelcases.h"
 
+#include "support/places.h"
+
 #include <charconv>
 #include <fstream>
 #include <sstream>
@@ -43,7 +45,7 @@ std::vector<double> ModelCase::list(const std::string& column) const
 
 std::vector<ModelCase> readcases(const std::string& name)
 {
-    std::ifstream file(VELMORA_SOURCE_DIR "/../shared/data/lr/" + name);
+    std::ifstream file(sourcefolder() + "/../shared/data/lr/" + name);
     std::string line;
     std::vector<ModelCase> cases;
     if (!std::getline(file, line))

@@ -1,4 +1,5 @@
 #include "engine/draw/fastdraw.h"
+#include "support/places.h"
 
 #include <algorithm>
 #include <cmath>
@@ -379,7 +380,7 @@ TEST(Fastdraw, ReliefAgreesWithTheUsualHillshadeOnRealGround)
     // A table of 300 x 300 heights of the Pyrenees, row 0 in the south, 267 m apart.
     constexpr int side = 300;
     constexpr double cell = 80000.0 / (side - 1);
-    std::ifstream file(VELMORA_SOURCE_DIR "/../shared/data/elevation/map_e001_dted.i16",
+    std::ifstream file(sourcefolder() + "/../shared/data/elevation/map_e001_dted.i16",
                        std::ios::binary);
     if (!file)
         GTEST_SKIP() << "no reference heights beside the project";

@@ -1,5 +1,6 @@
 #include "base/paths.h"
 #include "network/places.h"
+#include "support/places.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -54,7 +55,7 @@ TEST(Places, PlacementAndBackgroundFollowTheName)
 
 TEST(Places, TheShippedGazetteerIsReadWhole)
 {
-    const auto text = readfile(VELMORA_SOURCE_DIR "/data/cities.dat");
+    const auto text = readfile(sourcefolder() + "/data/cities.dat");
     ASSERT_TRUE(text);
     const auto places = parseplaces(*text, -1);
     EXPECT_EQ(places.size() + 1,

@@ -5,6 +5,7 @@
 #include "base/settings.h"
 #include "coordinates/geosys.h"
 #include "network/netfile.h"
+#include "support/places.h"
 #include "support/rawbytes.h"
 #include "support/tempfolder.h"
 #include "terrain/mapfile.h"
@@ -278,7 +279,7 @@ TEST_F(ProjectTest, AFailedSaveIsToldAndKeepsItsMark)
 
 TEST_F(ProjectTest, TheDemoComesBackByteForByte)
 {
-    const std::string demo = VELMORA_SOURCE_DIR "/demo/cumberland";
+    const std::string demo = sourcefolder() + "/demo/cumberland";
     const auto net = readfile(demo + ".net");
     const auto map = readfile(demo + ".map");
     ASSERT_TRUE(net && map);

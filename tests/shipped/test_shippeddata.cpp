@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "support/places.h"
 
 #include <QDir>
 #include <QImage>
@@ -16,7 +17,7 @@
 namespace
 {
 
-const std::string shipped = VELMORA_SOURCE_DIR "/data/";
+const std::string shipped = sourcefolder() + "/data/";
 
 struct Town {
     std::string name;

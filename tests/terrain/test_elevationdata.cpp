@@ -7,6 +7,7 @@
 #include "base/session.h"
 #include "engine/tiles/getdted.h"
 #include "engine/tiles/gettopo30.h"
+#include "support/places.h"
 #include "terrain/extraction.h"
 #include "terrain/mapgrid.h"
 #include "terrain/outsidefile.h"
@@ -23,7 +24,7 @@
 
 namespace fs = std::filesystem;
 
-static const std::string datafolder = VELMORA_SOURCE_DIR "/../shared/data/";
+static const std::string datafolder = sourcefolder() + "/../shared/data/";
 static const std::string elevation = datafolder + "elevation/";
 
 #define NEEDS(path)                                                                                \

@@ -1,6 +1,7 @@
 #include "pictures/paint/picturefile.h"
 #include "pictures/paint/picturetest.h"
 #include "relief/paint/drawmap.h"
+#include "support/places.h"
 #include "support/rawbytes.h"
 
 #include <QColor>
@@ -68,7 +69,7 @@ protected:
 
     static std::string data(const char* name)
     {
-        return std::string(VELMORA_SOURCE_DIR "/tests/pictures/data/") + name;
+        return std::string(sourcefolder() + "/tests/pictures/data/") + name;
     }
 
     /// Components may be smaller by what 5 bits can't tell, in bitmaps of 16.
