@@ -2,8 +2,8 @@
 
 #include "base/numbers.h"
 #include "base/textcodec.h"
+#include "base/textlines.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -74,10 +74,7 @@ std::vector<Place> parseplaces(std::string_view text, int lonsign)
     std::vector<Place> places;
     bool header = true;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-        const Fields fields = splitline(text.substr(0, end));
-        const bool crlf = text.substr(end, 2) == "\r\n";
-        text.remove_prefix(std::min(end + (crlf ? 2 : 1), text.size()));
+        const Fields fields = splitline(takeline(text));
         if (!header && fields.count >= leastfields)
             places.push_back(makeplace(fields, lonsign));
         header = false;

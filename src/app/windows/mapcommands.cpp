@@ -1,5 +1,6 @@
 #include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
+#include "network/windows/frmCity.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/cursor.h"
 #include "pictures/windows/showworld.h"
@@ -84,6 +85,7 @@ void connectmapwindows()
     };
     mapwindowhooks.movecursor = movecursor;
     mapwindowhooks.showworld = showworld;
+    mapwindowhooks.choosecity = [](QWidget* owner) { frmCity(owner).exec(); };
     mapwindowhooks.picturepiece = picturepiece;
     picturehooks.cursormoved = refreshgrid;
 }
