@@ -1,9 +1,8 @@
 #include "radio/linkfields.h"
 
 #include "base/numbers.h"
+#include "network/netfields.h"
 #include "radio/link.h"
-
-#include <cmath>
 
 namespace
 {
@@ -48,13 +47,11 @@ StationFields transmitterfields(const NetworkTables& tables, int net, int unit)
 
 StationFields receiverfields(const NetworkTables& tables, int net, int unit)
 {
-    constexpr double microvoltlevel = 107; // dBm below 0 of 1 µV on 50 ohms
     const RadioSystem& system = systemof(tables, net, unit);
     StationFields fields = commonfields(tables, net, unit);
     fields.rows[2] = formatnumber("0.0", double{system.gain});
     fields.rows[3] = formatnumber("0.0", double{system.lineloss});
-    fields.rows[4] =
-        formatnumber("0.00", std::pow(10, (double{system.threshold} + microvoltlevel) / 20));
+    fields.rows[4] = formatnumber("0.00", microvolts(double{system.threshold}));
     return fields;
 }
 

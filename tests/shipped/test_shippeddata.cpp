@@ -2,6 +2,8 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "network/netfields.h"
+#include "network/predefined.h"
 #include "support/places.h"
 
 #include <QDir>
@@ -148,6 +150,36 @@ TEST(ShippedCities, WellKnownPlacesStandWhereTheyAre)
             found.insert(town.name);
     }
     EXPECT_EQ(found.size(), known.size());
+}
+
+TEST(ShippedSystems, AtLeastTwentyWithANameThatARecordHoldsOnce)
+{
+    const auto text = readfile(shipped + "radiosys.dat").value_or("");
+    EXPECT_EQ(crlflines(text).size() % 6, 0U);
+    const auto names = predefinednames(asbytes(text));
+    EXPECT_GE(names.size(), 20U);
+    std::set<std::string> seen;
+    for (const std::string& name : names) {
+        EXPECT_EQ(FixedText<30>(name).text(), name);
+        EXPECT_TRUE(seen.insert(name).second) << name;
+    }
+}
+
+TEST(ShippedSystems, EveryNumberLiesWithinTheBoundsOfItsField)
+{
+    const auto text = readfile(shipped + "radiosys.dat").value_or("");
+    const auto inbounds = [](const Bounds& limits, const std::string& number) {
+        return !number.empty() && checkfield(limits.low, limits.high, number).inbounds;
+    };
+    for (const std::string& name : predefinednames(asbytes(text))) {
+        const auto system = findpredefined(asbytes(text), name);
+        ASSERT_TRUE(system);
+        EXPECT_TRUE(inbounds(bounds::power, system->power)) << name;
+        EXPECT_TRUE(inbounds(bounds::threshold, system->threshold)) << name;
+        EXPECT_TRUE(inbounds(bounds::lineloss, system->lineloss)) << name;
+        EXPECT_TRUE(inbounds(bounds::gain, system->gain)) << name;
+        EXPECT_TRUE(inbounds(bounds::antennaheight, system->height)) << name;
+    }
 }
 
 TEST(ShippedIcons, EachLoadsAtThirtyTwoPixelsAndHoldsLargerSizes)
