@@ -34,7 +34,7 @@ template <bool dense> ITM_INLINE Lanes terrainat(const double* z, Lanes x)
 #endif
     using Indices = int __attribute__((vector_size(4 * ITM_WIDTH)));
     const Indices k = __builtin_convertvector(x, Indices);
-    Lanes a, b;
+    Lanes a{}, b{};
     for (int l = 0; l < width; ++l) {
         a[l] = z[k[l]];
         b[l] = z[k[l] + 1];

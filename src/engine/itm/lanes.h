@@ -197,7 +197,7 @@ template <class R> ITM_INLINE R logarithmof(R e, R s)
 
 ITM_INLINE Lanes countfrom(int first)
 {
-    Lanes x;
+    Lanes x{};
     for (int l = 0; l < width; ++l)
         x[l] = first + l;
     return x;
