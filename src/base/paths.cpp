@@ -1,6 +1,7 @@
 #include "base/paths.h"
 
 #include "base/numbers.h"
+#include "base/programpath.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -145,7 +146,7 @@ std::string targetpath(std::string_view path)
 }
 
 static std::string programfolder;
-static std::string shipped = VELMORA_SHIPPED_DATA;
+static std::string shipped = besideprogram(VELMORA_DATA_FOLDER);
 
 static std::string environment(const char* name)
 {

@@ -1,6 +1,7 @@
 // The engine's shared library as a program outside meets it.
 
 #include "engine/itm/lr.h"
+#include "support/places.h"
 
 #include <array>
 #include <cmath>
@@ -43,17 +44,22 @@ static std::set<std::string> exports(const std::string& path)
     return names;
 }
 
+static std::string library()
+{
+    return buildfolder() + "/lib/libvelmor32.so";
+}
+
 TEST(Velmor32, ExportsTheEntryPointAndNothingElse)
 {
-    EXPECT_EQ(exports(VELMOR32_FILE), std::set<std::string>{"LR"});
+    EXPECT_EQ(exports(library()), std::set<std::string>{"LR"});
 }
 
 TEST(Velmor32, AnswersAProgramThatLoadsIt)
 {
-    void* library = dlopen(VELMOR32_FILE, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(library, nullptr) << dlerror();
+    void* opened = dlopen(library().c_str(), RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(opened, nullptr) << dlerror();
     const auto lr =
-        reinterpret_cast<void (*)(const double*, double*, LRRecord*)>(dlsym(library, "LR"));
+        reinterpret_cast<void (*)(const double*, double*, LRRecord*)>(dlsym(opened, "LR"));
     ASSERT_NE(lr, nullptr);
     std::array<double, lrblocksize> prof{};
     std::array<double, lrblocksize> losses{};
@@ -71,5 +77,5 @@ TEST(Velmor32, AnswersAProgramThatLoadsIt)
     EXPECT_NEAR(+rec.lfree, 32.45 + 40 + 20, 1e-9); // 100 MHz, 10 km
     EXPECT_EQ(losses[13], +rec.loss);
     EXPECT_GT(losses[12], 0);
-    dlclose(library);
+    dlclose(opened);
 }

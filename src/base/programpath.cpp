@@ -1,0 +1,11 @@
+#include "base/programpath.h"
+
+#include <filesystem>
+#include <system_error>
+
+std::string besideprogram(std::string_view relative)
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (program.parent_path() / relative).lexically_normal().string();
+}
