@@ -37,8 +37,6 @@ struct Hooks {
     std::function<void(bool)> setbusyinterface;
     /// The progress bar: percent 1 to 100, or 0 to hide it.
     std::function<void(int)> setprogress;
-    /// Operation codes 9, 10 and 12 refresh their pictures before they report.
-    std::function<void(int)> refreshoperation;
     /// Removes the network overlay from all pictures.
     std::function<void()> erasenets;
     /// Opens a picture by name; the second argument is the requested kind.

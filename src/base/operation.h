@@ -1,46 +1,31 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 /// The operation under way: 0 idle or stopped, 1 to 13 the kind of job. Setting it to 0 is the one
 /// way to stop anything.
 extern std::int16_t opbusy;
-/// The step count that means 100 percent.
+/// The step count that means 100 percent, of the job under way.
 extern float optotal;
 /// Tile or pass counter kept by the caller; `beginop` resets it.
 extern std::int32_t optiles;
-/// Number of tiles, set by the caller before `beginop` for operations 5, 6 and 13.
-extern std::int32_t tilecount;
 
-/// Kinds of operation, as `opbusy` holds them.
-enum class Operation : std::int16_t {
-    drawmap = 1,
-    gtopo30 = 2,
-    openmap = 3,
-    statistics = 4,
-    terrain = 5,
-    dted = 6,
-    draw3d = 7,
-    adrg = 8,
-    panorama = 9,
-    merge = 10,
-    coverage = 11,
-    stereo = 12,
-    quovadis = 13
+/// A long operation as the interface shows it. Each is described in the room of its subject.
+struct Job {
+    std::int16_t number = 0; ///< what `opbusy` holds while it runs, 1 to 13
+    const char* text = "";   ///< shown in the status line, UTF-8
+    float total = 0;         ///< the value that means 100 percent; 0: values are shares of 1
+    /// A step in the unit of the total, where that isn't the step itself.
+    std::function<float(float step)> value{};
+    /// Shows what the job drew so far, before a report; not all jobs need it.
+    std::function<void()> refresh{};
+    bool erasesnets = true; ///< takes the network overlay off all pictures first
 };
-
-/// The extent that gives the totals: the map's last column and row, and, for operation 10, the
-/// height of the picture being merged. The rooms that own these keep them up to date.
-struct OperationExtent {
-    std::int32_t upperx = 0;
-    std::int32_t uppery = 0;
-    std::int32_t scaleheight = 0;
-};
-extern OperationExtent operationextent;
 
 /// Puts the interface into the busy state and starts to count. May be called again while running:
-/// it then replaces the kind, the text and the total.
-void beginop(Operation code);
+/// the new job then replaces the other. The first report of a job is always painted.
+void beginop(Job job);
 
 /// Restores the interface and shows "Complété." or "Arrêté par l'utilisateur.".
 void endop();

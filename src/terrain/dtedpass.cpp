@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/tiles/getdted.h"
 #include "terrain/extraction.h"
+#include "terrain/jobs.h"
 #include "terrain/outsidefile.h"
 #include "terrain/pass.h"
 
@@ -47,8 +48,7 @@ bool getDTED()
 {
     const PassFrame frame = passframe();
     const CellRange cells = cellrange(frame);
-    tilecount = cells.count;
-    beginop(Operation::dted);
+    beginop(dtedjob(cells.count, mapgrid));
     const std::string root = sourceroot(dtedroot);
     for (int lon = cells.west; lon <= cells.east; ++lon)
         for (int lat = cells.south; lat <= cells.north; ++lat) {

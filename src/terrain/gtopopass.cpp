@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/tiles/gettopo30.h"
 #include "terrain/extraction.h"
+#include "terrain/jobs.h"
 #include "terrain/outsidefile.h"
 #include "terrain/pass.h"
 
@@ -209,7 +210,7 @@ void readband(TopoTiles& tiles, const PassFrame& frame, int top)
 bool getGTOPO30()
 {
     const PassFrame frame = passframe();
-    beginop(Operation::gtopo30);
+    beginop(gtopojob(mapgrid));
     TopoTiles tiles(sourceroot(gtoporoot));
     if (frame.usable())
         for (int top = tiletop(std::min(frame.north, 90.0));

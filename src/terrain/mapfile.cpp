@@ -6,6 +6,7 @@
 #include "base/operation.h"
 #include "base/paths.h"
 #include "base/session.h"
+#include "terrain/jobs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -85,7 +86,6 @@ static MapStatus parsecurrent(ByteReader& reader, std::span<const std::byte> byt
     std::memcpy(map.samples.data(), bytes.data() + reader.position(), count * sizeof(std::int16_t));
     map.width = width;
     map.height = height;
-    mapresized(map);
     return MapStatus::ok;
 }
 
@@ -194,7 +194,7 @@ static std::optional<std::string> searchmap(const std::string& path)
 
 static MapStatus readoldermap(std::span<const std::byte> bytes)
 {
-    beginop(Operation::openmap);
+    beginop(openmapjob());
     const MapStatus status = parsemap(bytes, mapgrid, [](int column) {
         if (column == 0)
             hooks.setlabel2("Conversion au nouveau format de carte...");

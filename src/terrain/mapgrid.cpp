@@ -1,7 +1,6 @@
 #include "terrain/mapgrid.h"
 
 #include "base/numbers.h"
-#include "base/operation.h"
 
 #include <cmath>
 
@@ -16,15 +15,6 @@ void allocatemap(MapGrid& map, int width, int height)
     map.samples.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
     map.width = width;
     map.height = height;
-    mapresized(map);
-}
-
-void mapresized(const MapGrid& map)
-{
-    if (&map != &mapgrid)
-        return;
-    operationextent.upperx = map.upperx();
-    operationextent.uppery = map.uppery();
 }
 
 void mapframe(MapGrid& map)

@@ -70,10 +70,6 @@ inline constexpr double earthradius_km = 6367;
 /// the map without samples.
 void allocatemap(MapGrid& map, int width, int height);
 
-/// Tells the operation frame the bounds of the process's map; other maps don't matter to it. Who
-/// replaces samples other than by `allocatemap` calls it.
-void mapresized(const MapGrid& map);
-
 /// Derives the corners from the record's centre and size, with cells square on the ground at the
 /// centre. A size below 1 km becomes 1 km. Needs the samples' bounds.
 void mapframe(MapGrid& map);

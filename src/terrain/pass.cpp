@@ -6,6 +6,7 @@
 #include "base/session.h"
 #include "engine/tiles/getmapstat.h"
 #include "terrain/extraction.h"
+#include "terrain/jobs.h"
 #include "terrain/mapgrid.h"
 
 #include <algorithm>
@@ -16,9 +17,6 @@ bool ignoremissing = false;
 PassFrame passframe()
 {
     mapframe(mapgrid);
-    operationextent.upperx = mapgrid.upperx();
-    operationextent.uppery = mapgrid.uppery();
-
     PassFrame frame;
     frame.west = static_cast<double>(mapgrid.maplon[0]);
     frame.east = static_cast<double>(mapgrid.maplon[2]);
@@ -92,7 +90,7 @@ void readtile(const std::string& name, const std::string& path, const std::funct
 
 static void statisticspass()
 {
-    beginop(Operation::statistics);
+    beginop(statisticsjob(mapgrid));
     MapStatistics statistics{9999, -999, mapgrid.record.hmoy};
     // The bar counts columns; the kernel goes row by row.
     const double columnsperrow = static_cast<double>(mapgrid.width) / std::max(1, mapgrid.height);

@@ -19,7 +19,7 @@ struct PassFrame {
     double row(double lat) const { return (lat - south) * rows; }
 };
 
-/// Places the frame of the process's map and tells the operation frame its extent.
+/// Places the frame of the process's map.
 PassFrame passframe();
 
 /// The table of the process's map.

@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "engine/tiles/getterrain.h"
 #include "terrain/extraction.h"
+#include "terrain/jobs.h"
 #include "terrain/pass.h"
 #include "terrain/szdd.h"
 
@@ -45,8 +46,7 @@ bool getTERRAIN()
     constexpr double margin = 0.01; // degrees beyond the frame that still call for a tile
     const PassFrame frame = passframe();
     const CellRange cells = cellrange(frame);
-    tilecount = cells.count;
-    beginop(Operation::terrain);
+    beginop(terrainjob(cells.count));
     const std::string folder = sourceroot(terrainroot) + "terrain/";
     const double step = samplesperdegree;
     for (int lon = cells.west; frame.usable() && lon <= std::floor(frame.east + margin); ++lon)

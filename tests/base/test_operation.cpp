@@ -8,19 +8,17 @@
 
 using testing::ElementsAre;
 
-static double now = 0;
+static double now = 40000;
 
 class OperationTest : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        // The bar remembers its last percentage and time: begin far behind both.
-        static double start = 0;
-        start += 1000;
-        now = start;
         timeofday = [] { return now; };
-        optotal = 0;
+        // The bar remembers its last percentage and time: begin far from both.
+        beginop({});
+        now += 1;
         showprogress(1);
         now += 1;
         hooks.setlabel1 = [this](const std::string& text) { label1.push_back(text); };
@@ -29,9 +27,6 @@ protected:
         hooks.setbusyinterface = [this](bool busy) { interfacebusy = busy; };
         hooks.erasenets = [this] { ++erased; };
         hooks.pumpevents = [this] { ++pumped; };
-        hooks.refreshoperation = [this](int code) { refreshed.push_back(code); };
-        operationextent = {1023, 767, 600};
-        tilecount = 12;
     }
     void TearDown() override
     {
@@ -45,7 +40,6 @@ protected:
     std::vector<std::string> label1;
     std::string label2;
     std::vector<int> bar;
-    std::vector<int> refreshed;
     bool interfacebusy = false;
     int erased = 0;
     int pumped = 0;
@@ -54,7 +48,7 @@ protected:
 TEST_F(OperationTest, BeginShowsTheTextAndOnePercentAtOnce)
 {
     optiles = 5;
-    beginop(Operation::openmap);
+    beginop({.number = 3, .text = "Ouverture du fichier carte...", .total = 512});
     EXPECT_EQ(opbusy, 3);
     EXPECT_EQ(optotal, 512);
     EXPECT_EQ(optiles, 0);
@@ -65,48 +59,34 @@ TEST_F(OperationTest, BeginShowsTheTextAndOnePercentAtOnce)
     EXPECT_EQ(erased, 1);
 }
 
-TEST_F(OperationTest, ACoverageKeepsTheNetworksAndItsCallersTotal)
+TEST_F(OperationTest, OneThatIsDrawnOnTheNetworksKeepsThem)
 {
-    optotal = 42;
-    beginop(Operation::coverage);
+    beginop({.number = 11, .erasesnets = false});
     EXPECT_EQ(erased, 0);
-    EXPECT_EQ(optotal, 42);
-    EXPECT_EQ(label2, "Calcul de la couverture ...");
 }
 
-struct OperationCase {
-    const char* text;
-    float total;
-    Operation code;
-};
-
-TEST_F(OperationTest, EachKindHasItsTextAndTotal)
+TEST_F(OperationTest, AnotherBeginReplacesTheJob)
 {
-    const OperationCase cases[] = {
-        {"Dessin de l'image 2D...", 12, Operation::drawmap},
-        {"Extraction des données GTOPO30...", 767, Operation::gtopo30},
-        {"Compilation des statistiques de la carte...", 1023, Operation::statistics},
-        {"Extraction des données Terrain...", 12, Operation::terrain},
-        {"Extraction des données DTED...", 12, Operation::dted},
-        {"Dessin de l'image 3D...", 1023.0F * 767, Operation::draw3d},
-        {"Dessin de l'image ADRG...", 1023.0F * 767, Operation::adrg},
-        {"Dessin du panorama...", 9, Operation::panorama},
-        {"Mélange des images...", 600, Operation::merge},
-        {"Dessin d'une image stereo 2D...", 767, Operation::stereo},
-        {"Mélange avec une carte Quo Vadis...", 12, Operation::quovadis},
-    };
-    for (const OperationCase& expected : cases) {
-        optotal = 9;
-        beginop(expected.code);
-        EXPECT_EQ(label2, expected.text);
-        EXPECT_EQ(optotal, expected.total) << expected.text;
-        EXPECT_EQ(opbusy, static_cast<int>(expected.code));
-    }
+    const Job job{.number = 5, .text = "a", .total = 12, .value = [](float) { return 6.0F; }};
+    beginop(job);
+    beginop({.number = 4, .text = "b", .total = 100});
+    EXPECT_EQ(opbusy, 4);
+    EXPECT_EQ(label2, "b");
+    now += 1;
+    opstep(20);
+    EXPECT_EQ(bar.back(), 20);
+}
+
+TEST_F(OperationTest, TheFirstReportOfAJobIsAlwaysPainted)
+{
+    beginop({.number = 3, .total = 512});
+    beginop({.number = 4, .total = 512});
+    EXPECT_THAT(bar, ElementsAre(1, 1)) << "the same percentage at the same time";
 }
 
 TEST_F(OperationTest, EveryStepHandlesEventsAndEveryTwentiethReports)
 {
-    beginop(Operation::openmap);
+    beginop({.number = 3, .total = 512});
     pumped = 0;
     bar.clear();
     for (int step = 0; step <= 511; ++step) {
@@ -121,7 +101,7 @@ TEST_F(OperationTest, EveryStepHandlesEventsAndEveryTwentiethReports)
 
 TEST_F(OperationTest, StoppedStepsReturnZero)
 {
-    beginop(Operation::statistics);
+    beginop({.number = 4, .total = 100});
     hooks.pumpevents = [] { opbusy = 0; };
     EXPECT_EQ(opstep(1), 0);
     EXPECT_EQ(opstep(20), 0);
@@ -131,7 +111,7 @@ TEST_F(OperationTest, StoppedStepsReturnZero)
 
 TEST_F(OperationTest, EndShowsCompleteAndReadyTogether)
 {
-    beginop(Operation::statistics);
+    beginop({.number = 4, .total = 100});
     endop();
     EXPECT_EQ(label2, "Complété.");
     EXPECT_EQ(label1.back(), "Prêt");
@@ -140,47 +120,34 @@ TEST_F(OperationTest, EndShowsCompleteAndReadyTogether)
     EXPECT_EQ(opbusy, 0);
 }
 
-TEST_F(OperationTest, TheValueOfAStepFollowsTheKind)
+TEST_F(OperationTest, AStepCountsAsItIsOrByTheJob)
 {
-    struct {
-        Operation code;
-        int step;
-        int percent;
-    } const cases[] = {
-        {Operation::terrain, 400, 25},    // 3 of 12 tiles
-        {Operation::dted, 512 * 20, 100}, // 3 + 10 of 12
-        {Operation::drawmap, 2560, 100},  // 3 + 10 of 12
-        {Operation::quovadis, 2300, 50},  // 3 + 3 of 12
-        {Operation::merge, 300, 50},      {Operation::gtopo30, 380, 50},
-    };
-    for (const auto& expected : cases) {
-        beginop(expected.code);
-        optiles = 3;
-        now += 1;
-        opstep(expected.step);
-        EXPECT_EQ(bar.back(), expected.percent) << static_cast<int>(expected.code);
-    }
-    optotal = 100;
-    beginop(Operation::panorama);
-    optiles = 1;
+    beginop({.number = 2, .total = 767});
     now += 1;
-    opstep(20);
-    EXPECT_EQ(bar.back(), 70);
+    opstep(380);
+    EXPECT_EQ(bar.back(), 50);
+    beginop({.number = 1, .total = 12, .value = [](float step) {
+                 return static_cast<float>(optiles) + step / 256;
+             }});
+    optiles = 3;
+    now += 1;
+    opstep(2560); // 3 + 10 of 12
+    EXPECT_EQ(bar.back(), 100);
 }
 
 TEST_F(OperationTest, PicturesAreRefreshedWithEveryTwentiethStep)
 {
-    for (const Operation code : {Operation::panorama, Operation::merge, Operation::stereo}) {
-        refreshed.clear();
-        beginop(code);
-        for (int step = 1; step <= 40; ++step)
-            opstep(step);
-        EXPECT_THAT(refreshed, ElementsAre(static_cast<int>(code), static_cast<int>(code)));
-    }
-    refreshed.clear();
-    beginop(Operation::gtopo30);
-    opstep(20);
-    EXPECT_TRUE(refreshed.empty());
+    int refreshed = 0;
+    beginop({.number = 10, .total = 600, .refresh = [&] { ++refreshed; }});
+    EXPECT_EQ(refreshed, 0);
+    for (int step = 1; step <= 40; ++step)
+        opstep(step);
+    EXPECT_EQ(refreshed, 2);
+    opbusy = 0;
+    opstep(60);
+    endop();
+    opstep(80);
+    EXPECT_EQ(refreshed, 2) << "neither after a stop nor after its end";
 }
 
 TEST_F(OperationTest, TheBarStaysWithinOneAndAHundred)

@@ -1,4 +1,3 @@
-#include "base/operation.h"
 #include "terrain/mapgrid.h"
 
 #include <cmath>
@@ -36,16 +35,6 @@ TEST(AllocateMap, WithoutExtentLeavesNoSamples)
     EXPECT_TRUE(map.samples.empty());
     EXPECT_EQ(map.width, 0);
     EXPECT_EQ(map.height, 0);
-}
-
-TEST(AllocateMap, TheProcesssMapTellsTheOperationFrameItsBounds)
-{
-    allocatemap(mapgrid, 1024, 768);
-    EXPECT_EQ(operationextent.upperx, 1023);
-    EXPECT_EQ(operationextent.uppery, 767);
-    MapGrid other;
-    allocatemap(other, 7, 7);
-    EXPECT_EQ(operationextent.upperx, 1023);
 }
 
 TEST(MapFrame, IsCentredWithCellsSquareOnTheGround)

@@ -2,7 +2,6 @@
 
 #include "base/hooks.h"
 #include "base/numbers.h"
-#include "base/operation.h"
 #include "coverage/choice.h"
 #include "engine/draw/fastdraw.h"
 #include "netoverlay/paint/overlay.h"
@@ -89,6 +88,14 @@ void CoverageSheet::refresh()
     picturehooks.picturechanged(*picture, {});
 }
 
+Job coveragejob(int last)
+{
+    return {.number = 11,
+            .text = "Calcul de la couverture ...",
+            .total = static_cast<float>(last),
+            .erasesnets = false}; // it is drawn on top of them
+}
+
 PenMode paintmode()
 {
     return translate() > 0 ? PenMode::copy : PenMode::mask;
@@ -139,8 +146,7 @@ bool paintover(OpenPicture& picture, int last, const std::function<void(Coverage
     if (!covpicture(picture))
         return false;
     const Hourglass hourglass;
-    beginop(Operation::coverage);
-    optotal = static_cast<float>(last);
+    beginop(coveragejob(last));
     CoverageSheet sheet(picture);
     paint(sheet);
     picturehooks.picturechanged(picture, {});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/operation.h"
 #include "coverage/radiosweep.h"
 #include "coverage/sectorfill.h"
 #include "coverage/viewshed.h"
@@ -26,6 +27,10 @@ private:
     PixelSheet pixels;
     std::chrono::steady_clock::time_point next{};
 };
+
+/// A sweep, as the interface shows it: reports its radials.
+///   last  number of the last radial
+Job coveragejob(int last);
 
 /// How colours meet the map on today's displays.
 PenMode paintmode();

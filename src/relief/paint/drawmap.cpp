@@ -2,7 +2,6 @@
 
 #include "base/hooks.h"
 #include "base/numbers.h"
-#include "base/operation.h"
 #include "base/parallel.h"
 #include "base/paths.h"
 #include "engine/draw/fastdraw.h"
@@ -14,6 +13,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace
@@ -118,6 +118,17 @@ bool drawground(OpenPicture& picture)
 
 } // namespace
 
+Job drawmapjob(const MapGrid& map)
+{
+    const auto tiles = [](int upper) {
+        return std::floor(static_cast<float>(upper) / tileside) + 1;
+    };
+    return {.number = 1,
+            .text = "Dessin de l'image 2D...",
+            .total = tiles(map.upperx()) * tiles(map.uppery()),
+            .value = [](float step) { return static_cast<float>(optiles) + step / tileside; }};
+}
+
 OpenPicture* drawmap(OpenPicture* picture, bool commit)
 {
     if (picture == nullptr || newpic)
@@ -131,7 +142,7 @@ OpenPicture* drawmap(OpenPicture* picture, bool commit)
     const QSize size(std::max(mapgrid.width, 1), std::max(mapgrid.height, 1));
     if (picture->surface.kept.size() != size)
         resizepicture(*picture, size.width(), size.height());
-    beginop(Operation::drawmap);
+    beginop(drawmapjob(mapgrid));
     const bool drawn = drawground(*picture);
     if (drawn && opbusy != 0) {
         if (commit)

@@ -1,6 +1,11 @@
 #pragma once
 
+#include "base/operation.h"
 #include "pictures/paint/openpictures.h"
+#include "terrain/mapgrid.h"
+
+/// The drawing of a map, as the interface shows it: counts its tiles by `optiles`.
+Job drawmapjob(const MapGrid& map);
 
 /// Draws the process's map into a picture, tile by tile, then the layers over it. A long operation:
 /// a stop leaves the tiles that are finished, and the picture's data as it was.

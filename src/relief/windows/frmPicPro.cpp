@@ -328,7 +328,7 @@ void frmPicPro::apply()
 {
     store();
     session.objectdrive = lowercase(trimmed(objectpath->text().toStdString()));
-    opbusy = static_cast<std::int16_t>(Operation::drawmap);
+    opbusy = 1; // tells the caller to draw
     accept();
 }
 

@@ -78,7 +78,7 @@ TEST_F(FrmMain, AnOperationDisablesThePicturesSurfacesOnly)
     QWidget* picture = addpicture("a.bmp");
     const auto* surface = picture->findChild<QWidget*>(QStringLiteral("Picture1"));
     ASSERT_NE(surface, nullptr);
-    beginop(Operation::drawmap);
+    beginop({.number = 1});
     EXPECT_FALSE(surface->isEnabled());
     EXPECT_TRUE(picture->isEnabled());
     endop();
@@ -88,7 +88,7 @@ TEST_F(FrmMain, AnOperationDisablesThePicturesSurfacesOnly)
 
 TEST_F(FrmMain, EscapeAndTheStopMenuStopAnOperation)
 {
-    beginop(Operation::drawmap);
+    beginop({.number = 1});
     choose("mnuStop");
     EXPECT_EQ(opstep(1), 0);
     endop();

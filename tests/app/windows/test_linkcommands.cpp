@@ -58,7 +58,7 @@ TEST_F(LinkCommands, OnlyStopIsLiveInItWhileAnOperationRuns)
     auto* stop = link.findChild<QAction*>(QStringLiteral("stop"));
     ASSERT_NE(stop, nullptr);
     EXPECT_FALSE(stop->isVisible());
-    beginop(Operation::coverage);
+    beginop({.number = 11});
     EXPECT_TRUE(stop->isVisible());
     stop->trigger();
     EXPECT_EQ(opbusy, 0);

@@ -102,8 +102,7 @@ TEST_F(StatusBarTest, AnOperationRunsItsFrame)
         static double now = 0;
         return now += 1;
     };
-    operationextent.upperx = 100;
-    beginop(Operation::statistics);
+    beginop({.number = 4, .text = "Compilation des statistiques de la carte...", .total = 100});
     opstep(40);
     timeofday = clock;
     EXPECT_EQ(label1(), "40%");

@@ -180,3 +180,13 @@ TEST_F(CoveragePicture, MissingRadarFileEndsTheRun)
     EXPECT_TRUE(questions.empty());
     EXPECT_EQ(opbusy, 0);
 }
+
+TEST_F(CoveragePicture, CountsItsRadialsAndKeepsTheNetworks)
+{
+    const Job job = coveragejob(42);
+    EXPECT_EQ(job.number, 11);
+    EXPECT_STREQ(job.text, "Calcul de la couverture ...");
+    EXPECT_EQ(job.total, 42);
+    EXPECT_FALSE(job.value);
+    EXPECT_FALSE(job.erasesnets);
+}

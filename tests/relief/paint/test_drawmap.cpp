@@ -189,3 +189,15 @@ TEST_F(DrawMap, ALabelMayHaveABoxOfItsOwnColour)
     drawcities(*picture, true, path("labels.dat"));
     EXPECT_TRUE(coloursin(picture->surface.kept, QRect(130, 90, 40, 20)).contains(qRgb(0, 0, 255)));
 }
+
+TEST_F(DrawMap, CountsItsTiles)
+{
+    makemap(1024, 768);
+    const Job job = drawmapjob(mapgrid);
+    EXPECT_EQ(job.number, 1);
+    EXPECT_STREQ(job.text, "Dessin de l'image 2D...");
+    EXPECT_EQ(job.total, 12);
+    EXPECT_TRUE(job.erasesnets);
+    optiles = 3;
+    EXPECT_EQ(job.value(2560), 13);
+}
