@@ -112,8 +112,8 @@ void runlosses(const LinkArguments& arguments)
     for (int i = 0; i <= n; ++i) {
         // Elevations are whole numbers or the stations' singles.
         const float elevation = static_cast<float>(link.profile.sample(i));
-        table.add({cell(i), cell(i * link.profile.spacing()), cell(elevation),
-                   cell(link.losses[static_cast<std::size_t>(i) + 3])});
+        table.add(
+            {cell(i), cell(i * link.profile.spacing_m), cell(elevation), cell(link.lossat(i))});
     }
     printresult(table.text(arguments.options.json));
 }

@@ -35,9 +35,8 @@ void cutradial(const RadioSweep& sweep, double azimuth_deg, int count, Link& lin
     const double angle = (azimuth_deg - 90) * degree;
     const double ux = sweep.d_cells * std::cos(angle);
     const double uy = sweep.d_cells * std::sin(angle);
-    ProfileBlock& block = link.profile.block;
-    block[1] = count;
-    block[2] = sweep.spacing_m;
+    link.profile.elevations_m.resize(static_cast<std::size_t>(count) + 1);
+    link.profile.spacing_m = sweep.spacing_m;
     link.profile.sample(0) = double{sweep.elevation_m};
     for (int c = 1; c <= count; ++c) {
         const int column = nearestcell(c * ux + sweep.centre.x0);
@@ -138,7 +137,7 @@ void sweepradial(const RadioSweep& sweep, int k, RadioRadial& radial)
         sweep.gain_db;
     for (int c = 1; c <= radial.count && !radial.failed; ++c) {
         const auto i = static_cast<std::size_t>(c);
-        const double level_db = budget_db - link.losses[i + 3];
+        const double level_db = budget_db - link.losses[i];
         if (!judgesample(sweep, level_db, c > radial.nearlimit, radial.samples[i])) {
             radial.failed = true;
             radial.count = c - 1;

@@ -51,7 +51,7 @@ std::optional<HorizonCrossing> horizoncrossing(const Link& link)
     const LRRecord& record = link.record;
     const Profile& profile = link.profile;
     const int n = profile.intervals();
-    const double length_m = n * profile.spacing();
+    const double length_m = n * profile.spacing_m;
     const double slope1 = record.the1 + length_m * (record.gme * 0.5);
     const double slope2 = record.the2 + length_m * (record.gme * 0.5);
     if (record.los != 0 || !(std::abs(slope1 + slope2) > 0))
@@ -82,7 +82,7 @@ std::string modetext(const Link& link, const LinkAnalysis& analysis)
                formatnumber("0.0", double{analysis.minclear}) + "F1 à " +
                formatnumber("0.0km", double{analysis.minclearkm});
     }
-    const double length_m = link.profile.intervals() * link.profile.spacing();
+    const double length_m = link.profile.intervals() * link.profile.spacing_m;
     const bool twohorizons = record.dl1 + record.dl2 < doublehorizon * length_m;
     return start + (record.scatter != 0 ? "dispersion " : "diffraction ") +
            (twohorizons ? "avec horizon double" : "avec obstruction unique");
@@ -154,7 +154,7 @@ bool analyselink(const NetworkTables& tables, const MapGrid& map, int unitA, int
     analysis.minclearkm = 0;
     if (cutprofile(map, left, right, link.profile) < 1)
         return false;
-    link.losses.fill(0);
+    link.losses.assign(link.profile.elevations_m.size(), 0);
     setends(left, right, link.profile);
     const bool withnet = net > 0;
     analysis.margin = 0;

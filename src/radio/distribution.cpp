@@ -16,7 +16,8 @@ double lossat(double percent, Link& link)
 {
     LRRecord& record = link.record;
     record.ptime = record.ploc = record.psit = percent;
-    LR(link.profile.block.data(), link.losses.data(), &record);
+    link.losses.resize(link.profile.elevations_m.size());
+    lrpath(link.profile.elevations_m, link.profile.spacing_m, record, link.losses);
     return record.lurban + record.loss;
 }
 

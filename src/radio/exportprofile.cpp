@@ -49,7 +49,7 @@ std::string profiletext(const LinkStudy& study, const Profile& profile)
     text += numberline(study.net > 0 ? record.freq / 1000 : 0);
     text += numberline(curvaturefactor(record.ns));
     for (int i = 0; i <= profile.intervals(); ++i) {
-        text += formatnumber("0000.000", i * profile.spacing() / 1000) + '\t' +
+        text += formatnumber("0000.000", i * profile.spacing_m / 1000) + '\t' +
                 formatnumber("0000.0", profile.sample(i)) + "\t0\t0";
         text += lineend;
     }

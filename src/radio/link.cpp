@@ -5,7 +5,6 @@
 #include <cmath>
 
 std::int16_t interf = 0;
-Link currentlink;
 
 namespace
 {
@@ -39,7 +38,7 @@ void addurban(Link& target)
 {
     LRRecord& record = target.record;
     const int n = target.profile.intervals();
-    const double spacing_m = target.profile.spacing();
+    const double spacing_m = target.profile.spacing_m;
     // Without a usable frequency the factor starts from nothing.
     double factor_db = 0;
     if (record.freq > 0)
@@ -47,7 +46,7 @@ void addurban(Link& target)
     record.lurban = smax(factor_db, urbanfloor_db);
     record.loss += record.lurban;
     for (int i = n; i >= record.startpt; --i) {
-        double& loss = target.losses[static_cast<std::size_t>(i) + 3];
+        double& loss = target.losses[static_cast<std::size_t>(i)];
         if (loss != 0)
             loss += smax(factor_db, urbanfloor_db);
         factor_db += urbanfall_dbperm * spacing_m;
@@ -62,12 +61,6 @@ int heldround(double value, int low, int high)
     return value < high ? static_cast<int>(roundeven(value)) : high;
 }
 } // namespace
-
-int getprofile(std::int16_t unitA, std::int16_t unitB)
-{
-    return cutprofile(mapgrid, network.units[static_cast<std::size_t>(unitA)],
-                      network.units[static_cast<std::size_t>(unitB)], currentlink.profile);
-}
 
 float antheight(const NetworkTables& tables, int net, int unit)
 {
@@ -107,7 +100,8 @@ double linkmargin(const Net& net, bool farendonly, std::int16_t interference, Li
 {
     target.record.interf = interference;
     target.record.startpt = farendonly ? target.profile.intervals() : 0;
-    LR(target.profile.block.data(), target.losses.data(), &target.record);
+    target.losses.resize(target.profile.elevations_m.size());
+    lrpath(target.profile.elevations_m, target.profile.spacing_m, target.record, target.losses);
     target.record.lurban = 0;
     if (net.statmode >= urbanbit)
         addurban(target);

@@ -1,28 +1,29 @@
 #pragma once
 
+#include "engine/itm/lr.h"
 #include "radio/profile.h"
 
 #include <cstdint>
+#include <vector>
 
 /// Propagation mode of the run: 0 normal, 1 interference.
 extern std::int16_t interf;
 
-/// The blocks of one link: what goes into the model and what comes out. The process has one for the
-/// windows; evaluations on several threads have their own.
+/// One link: what goes into the model and what comes out.
 struct Link {
     Profile profile;
-    LossBlock losses{};
+    std::vector<double> losses; ///< to each sample, dB; 0: none. Empty before the model was asked
     LRRecord record{};
     double gain12 = 0; ///< system gain from left to right, dB
     double gain21 = 0; ///< and from right to left
 
     /// Loss to sample i, dB; 0: none.
-    double lossat(int i) const { return losses[static_cast<std::size_t>(i) + 3]; }
+    double lossat(int i) const
+    {
+        const auto at = static_cast<std::size_t>(i);
+        return at < losses.size() ? losses[at] : 0;
+    }
 };
-extern Link currentlink;
-
-/// Cuts the profile of two stations of the process's tables into the process's link; returns n.
-int getprofile(std::int16_t unitA, std::int16_t unitB);
 
 /// Antenna height of a station in a net, m: the private height, or its system's.
 float antheight(const NetworkTables& tables, int net, int unit);

@@ -1,7 +1,5 @@
 #include "radio/profile.h"
 
-#include "base/numbers.h"
-
 #include <cmath>
 #include <numbers>
 
@@ -45,6 +43,7 @@ bool onmap(const MapGrid& map, const CellPosition& position)
 void cutsamples(const MapGrid& map, const CellPosition& start, double dx, double dy, int n,
                 Profile& profile)
 {
+    profile.elevations_m.resize(static_cast<std::size_t>(n) + 1);
     std::int16_t lowest = 9999;
     std::int16_t highest = -1000;
     for (int i = 0; i <= n; ++i) {
@@ -78,7 +77,10 @@ double azimuth(double dy, double dx)
 
 int cutprofile(const MapGrid& map, const Unit& a, const Unit& b, Profile& profile)
 {
-    profile = Profile{};
+    profile.elevations_m.clear(); // and its memory serves the next path
+    profile.spacing_m = profile.distkm = 0;
+    profile.azim = -1;
+    profile.pathmin = profile.pathmax = 0;
     if (!(map.record.mapsize > 0))
         return 0;
     const CellPosition start = cellposition(map, a);
@@ -93,11 +95,10 @@ int cutprofile(const MapGrid& map, const Unit& a, const Unit& b, Profile& profil
     if (n == 0)
         return 0;
     cutsamples(map, start, dx, dy, n, profile);
-    profile.block[1] = n;
     // A map of one row has no cell height: the length stays 0.
     if (map.uppery() > 0)
         profile.distkm = cells / map.uppery() * double{map.record.mapsize};
-    profile.block[2] = profile.distkm * 1000 / n;
+    profile.spacing_m = profile.distkm * 1000 / n;
     return n;
 }
 

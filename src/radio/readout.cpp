@@ -54,7 +54,7 @@ LinkReadout readlink(const LinkStudy& study, const NetworkTables& tables, const 
         return readout;
     readout.x = x > 0 ? smin(static_cast<double>(n), x) : 0;
     const double f = readout.x / n;
-    const double d_km = n * profile.spacing() / 1000;
+    const double d_km = n * profile.spacing_m / 1000;
     readout.km = f * d_km;
     const int i = static_cast<int>(roundeven(readout.x));
     const double ray =

@@ -55,7 +55,8 @@ SlowCoverage slowcoverage(const NetworkTables& tables, const MapGrid& map, const
         long p = roundhalf(az - double{o.antaz});
         p += p < 0 ? 360 : p > 359 ? -360 : 0;
         link.profile = Profile{};
-        link.losses = LossBlock{};
+        link.profile.elevations_m = {double{tables.units[std::size_t(o.centre)].elevation}};
+        link.profile.spacing_m = spacing;
         int m = 0;
         for (int c = 1; c <= N; ++c) {
             const long col = roundhalf(c * (d * std::cos((az - 90) * radians)) + x0);
@@ -63,12 +64,9 @@ SlowCoverage slowcoverage(const NetworkTables& tables, const MapGrid& map, const
                 map.height - 1 - roundhalf(c * (d * std::sin((az - 90) * radians)) + y0);
             if (col < 0 || col > map.width - 1 || row < 0 || row > map.height - 1)
                 break;
-            link.profile.block[std::size_t(c) + 3] = map.at(int(col), int(row));
+            link.profile.elevations_m.push_back(map.at(int(col), int(row)));
             ++m;
         }
-        link.profile.block[1] = m;
-        link.profile.block[2] = spacing;
-        link.profile.block[3] = double{tables.units[std::size_t(o.centre)].elevation};
         if (m > 0)
             linkmargin(tables.nets[std::size_t(o.net)], false, 0, link);
         const double budget =
@@ -80,7 +78,7 @@ SlowCoverage slowcoverage(const NetworkTables& tables, const MapGrid& map, const
         const double near = std::max(1.0, std::min(m - 1.0, double{o.bounds.rmin} / d / S * H));
         int laststate = 0;
         for (int c = 1; c <= m; ++c) {
-            const double s = budget - link.losses[std::size_t(c) + 3];
+            const double s = budget - link.losses[std::size_t(c)];
             const int state = o.curve && s > lowm ? 1 : 0;
             if (c > near) {
                 SlowSector sector{

@@ -36,7 +36,7 @@ Link evaluated(const NetworkTables& tables, bool farendonly, std::int16_t interf
 
 double loss(const Link& link, int i)
 {
-    return link.losses[static_cast<std::size_t>(i) + 3];
+    return link.losses.at(static_cast<std::size_t>(i));
 }
 } // namespace
 
@@ -164,7 +164,7 @@ TEST(LinkMargin, TheUrbanFactorFallsWithDistanceAndRisesWithFrequency)
     EXPECT_NEAR(urban.record.loss - plain.record.loss, atend, 1e-9);
     for (int i = 1; i <= n; ++i) {
         const double here =
-            std::log10(urban.record.freq / 100) + 16.5 - 0.00012 * i * urban.profile.spacing();
+            std::log10(urban.record.freq / 100) + 16.5 - 0.00012 * i * urban.profile.spacing_m;
         EXPECT_NEAR(loss(urban, i) - loss(plain, i), std::max(1.0, here), 1e-9) << i;
     }
     EXPECT_EQ(loss(urban, 0), 0) << "a sample without value takes no factor";
@@ -222,16 +222,6 @@ TEST(LinkMargin, IsThatOfTheWeakerDirection)
     const Link changed = evaluated(tables, true);
     EXPECT_LT(changed.gain21, changed.gain12);
     EXPECT_NEAR(changed.gain21, link.gain21 - 50, 1e-4);
-}
-
-TEST(GetProfile, CutsOutOfTheMapOfTheRun)
-{
-    mapgrid = scene::flatmap(20, 20, 9);
-    scene::place(network.units[3], 1, 1);
-    scene::place(network.units[7], 1, 5);
-    EXPECT_EQ(getprofile(3, 7), 4);
-    EXPECT_EQ(currentlink.profile.sample(2), 9);
-    EXPECT_EQ(getprofile(3, 3), 0);
 }
 
 TEST(SUnits, CountFrom0To9OnShortWave)

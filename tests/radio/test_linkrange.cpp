@@ -11,10 +11,10 @@ Link received(std::initializer_list<double> levels)
 {
     Link link;
     link.gain12 = 150;
-    link.profile.block[1] = static_cast<double>(levels.size());
-    std::size_t index = 4;
+    link.profile.elevations_m.resize(levels.size() + 1);
+    link.losses = {0};
     for (const double level : levels)
-        link.losses[index++] = link.gain12 - level;
+        link.losses.push_back(link.gain12 - level);
     return link;
 }
 } // namespace
@@ -35,14 +35,14 @@ TEST(LinkRange, IsTheWholePathWhereNothingFails)
 TEST(LinkRange, TakesASampleWithoutALossAsReceived)
 {
     Link link = received({9, 5, 4});
-    link.losses[5] = 0;
+    link.losses[2] = 0;
     EXPECT_EQ(rangesample(link), 3);
 }
 
 TEST(LinkRange, NeedsLossesAndAProfile)
 {
     Link link = received({9, 5});
-    link.losses[4] = 0;
+    link.losses[1] = 0;
     EXPECT_FALSE(rangesample(link));
     EXPECT_FALSE(rangesample(Link{}));
     LinkScene scene;

@@ -17,7 +17,7 @@ TEST(LinkStudy, HoldsTheChoiceTheNamesAndTheAnalysis)
     Link link;
     LinkAnalysis analysis;
     ASSERT_TRUE(analyselink(scene.tables, scene.map, 1, 2, 1, scene.options, link, analysis));
-    EXPECT_EQ(study.link.profile.block, link.profile.block);
+    EXPECT_EQ(study.link.profile.elevations_m, link.profile.elevations_m);
     EXPECT_EQ(study.link.losses, link.losses);
     EXPECT_EQ(study.analysis.linktext, analysis.linktext);
 }

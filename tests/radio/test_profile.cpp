@@ -67,8 +67,7 @@ TEST(CutProfile, HasOneSamplePerCellOnAShortPath)
     EXPECT_NEAR(profile.azim, 90, 1e-12);
     // 10 rows span 10 km
     EXPECT_DOUBLE_EQ(profile.distkm, 12);
-    EXPECT_DOUBLE_EQ(profile.spacing(), 1000);
-    EXPECT_EQ(profile.block[0], 0);
+    EXPECT_DOUBLE_EQ(profile.spacing_m, 1000);
 }
 
 TEST(CutProfile, ReadsCellsByColumnAndRow)
@@ -90,7 +89,7 @@ TEST(CutProfile, ThinsALongPathTo157Intervals)
     EXPECT_EQ(exact.sample(157), 157);
     const Profile profile = cut(map, 0, 1, 1000, 1);
     ASSERT_EQ(profile.intervals(), 157);
-    EXPECT_DOUBLE_EQ(profile.spacing(), 1000.0 * 1000 / 157);
+    EXPECT_DOUBLE_EQ(profile.spacing_m, 1000.0 * 1000 / 157);
     for (int i = 0; i <= 157; ++i)
         EXPECT_EQ(profile.sample(i), std::nearbyint(i * 1000.0 / 157));
 }
@@ -167,7 +166,7 @@ TEST(CutProfile, OnAMapOfOneRowHasNoLength)
     const Profile profile = cut(map, 1, 0, 9, 0);
     EXPECT_EQ(profile.intervals(), 8);
     EXPECT_EQ(profile.distkm, 0);
-    EXPECT_EQ(profile.spacing(), 0);
+    EXPECT_EQ(profile.spacing_m, 0);
 }
 
 TEST(CutProfile, CrossesThe180thMeridian)
@@ -201,8 +200,11 @@ TEST(CutProfile, LeavesNothingOfALongerOne)
     Profile profile;
     ASSERT_EQ(cutprofile(map, a, b, profile), 157);
     ASSERT_EQ(cutprofile(map, a, c, profile), 3);
-    for (std::size_t i = 3 + 3 + 1; i < profile.block.size(); ++i)
-        EXPECT_EQ(profile.block[i], 0) << i;
+    EXPECT_EQ(profile.elevations_m.size(), 4U);
+    EXPECT_EQ(cutprofile(map, a, a, profile), 0);
+    EXPECT_EQ(profile.intervals(), 0);
+    EXPECT_EQ(profile.spacing_m, 0);
+    EXPECT_EQ(profile.distkm, 0);
 }
 
 TEST(CutProfile, KeepsStationElevationsOutOfTheExtremes)

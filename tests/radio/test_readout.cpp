@@ -35,7 +35,7 @@ TEST(LinkReadout, TellsDistanceClearanceZonesAndReception)
     const double over = clearance(scene, 20, 100);
     ASSERT_GT(over, 0);
     const double zone = std::sqrt(20 / 60.0 * 40 / 60 * 30 / 146) / 0.001827906;
-    const double level = scene.link().gain12 - scene.link().losses[23];
+    const double level = scene.link().gain12 - scene.link().losses[20];
     const int s = sunits(static_cast<float>(level), 146);
     ASSERT_GT(s, 9);
     EXPECT_EQ(readout.text,
@@ -119,9 +119,9 @@ TEST(LinkReadout, ReadsEachDirectionByItsOwnGain)
     EXPECT_NEAR(scene.link().gain21 - scene.link().gain12, 10, 1e-5);
     const LinkReadout readout = read(scene, 60);
     EXPECT_EQ(readout.meter12,
-              sunits(static_cast<float>(scene.link().gain12 - scene.link().losses[63]), 146));
+              sunits(static_cast<float>(scene.link().gain12 - scene.link().losses[60]), 146));
     EXPECT_EQ(readout.meter21,
-              sunits(static_cast<float>(scene.link().gain21 - scene.link().losses[63]), 146));
+              sunits(static_cast<float>(scene.link().gain21 - scene.link().losses[60]), 146));
     EXPECT_GT(*readout.meter21, *readout.meter12);
 }
 

@@ -32,10 +32,9 @@ static constexpr int firstmapside = 514;
 bool engineanswers()
 {
     static constexpr int intervals = 10;
-    std::array<double, lrblocksize> profile{}; // level ground
-    std::array<double, lrblocksize> losses{};
-    profile[1] = intervals;
-    profile[2] = 1000;
+    static constexpr double spacing_m = 1000;
+    const std::array<double, intervals + 1> level{};
+    std::array<double, intervals + 1> losses{};
     LRRecord record{};
     record.freq = 150;
     record.ns = 301;
@@ -47,7 +46,7 @@ bool engineanswers()
     record.h1 = record.h2 = 10;
     record.ptime = record.ploc = record.psit = 50;
     record.startpt = intervals;
-    LR(profile.data(), losses.data(), &record);
+    lrpath(level, spacing_m, record, losses);
     return std::isfinite(record.loss) && record.loss > 0;
 }
 

@@ -46,22 +46,29 @@ static int intervals(double n)
     return whole >= 1 && whole <= lrmaxintervals ? static_cast<int>(whole) : 0;
 }
 
+void lrpath(std::span<const double> elevations_m, double step_m, LRRecord& rec,
+            std::span<double> losses_db)
+{
+    const ItmInput in = inputof(rec);
+    const int n = static_cast<int>(elevations_m.size()) - 1;
+    if (n < 1) {
+        answer(itmpath({}, step_m, in), rec);
+        return;
+    }
+    const int first = std::clamp(static_cast<int>(rec.startpt), 0, n);
+    if (first < n) {
+        answer(itmradial(elevations_m, step_m, in, first, losses_db), rec);
+        return;
+    }
+    const ItmResult result = itmpath(elevations_m, step_m, in);
+    const bool nopath = result.loss_db == itmnopath_db && result.gme == 0;
+    losses_db.back() = nopath ? 0 : result.loss_db;
+    answer(result, rec);
+}
+
 void LR(const double* prof, double* losses, LRRecord* rec)
 {
     const int n = intervals(prof[1]);
-    const ItmInput in = inputof(*rec);
-    if (n == 0) {
-        answer(itmpath({}, prof[2], in), *rec);
-        return;
-    }
-    const std::span elevations(prof + 3, static_cast<std::size_t>(n) + 1);
-    const int first = std::clamp(static_cast<int>(rec->startpt), 0, n);
-    ItmResult result;
-    if (first == n) {
-        result = itmpath(elevations, prof[2], in);
-        losses[n + 3] = result.loss_db == itmnopath_db && result.gme == 0 ? 0 : result.loss_db;
-    } else {
-        result = itmradial(elevations, prof[2], in, first, {losses + 3, elevations.size()});
-    }
-    answer(result, *rec);
+    const std::size_t count = n == 0 ? 0 : static_cast<std::size_t>(n) + 1;
+    lrpath({prof + 3, count}, prof[2], *rec, {losses + 3, count});
 }

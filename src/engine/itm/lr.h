@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 /// Length of the profile and loss blocks at the engine's border.
 inline constexpr std::size_t lrblocksize = 166;
@@ -59,22 +60,35 @@ static_assert(offsetof(LRRecord, los) == 184 && offsetof(LRRecord, scatter) == 1
 static_assert(offsetof(LRRecord, reserved3) == 192 && offsetof(LRRecord, lurban) == 196);
 static_assert(sizeof(LRRecord) == 204);
 
-/// The propagation model at the engine's border: engine/itm.h on blocks.
+/// The propagation model on a profile of any length.
+///   Given:     elevations_m   ground from the left station to the right one, equally spaced
+///              step_m         their distance
+///              rec            inputs, each held within the range that ItmInput states
+///   Returned:  losses_db      as long as elevations_m: the loss to each sample, the right antenna
+///                             standing there, from startpt on, which is held on the path; 0 where
+///                             there is none, as at sample 0; nothing else is written
+///              rec            loss, dl1, dl2, the1, the2, gme, lfree, lobst, los, scatter of the
+///                             whole path. loss is lfree + lobst + what variability adds. los is 1
+///                             when no sample stands above the line between the antennas, else 0.
+///                             scatter is 1 when los is 0 and lobst was found in the range of
+///                             scatter, else 0.
+///   Errors:    no path (fewer than two elevations, one that isn't finite, a step that isn't above
+///              0 and finite): loss is 1000 dB, as for a calculation that is impossible, the other
+///              results are 0, and losses_db receives 0 from startpt on
+/// Any number of threads may call it.
+void lrpath(std::span<const double> elevations_m, double step_m, LRRecord& rec,
+            std::span<double> losses_db);
+
+/// The same for programs outside, which hand it blocks of numbers.
 ///   Given:     prof     166 numbers: [1] n, the number of intervals, rounded to the nearest whole
 ///                       one; [2] their length, m; [3 .. n+3] ground elevations from the left
 ///                       station to the right one, m
-///              rec      inputs, each held within the range that ItmInput states
-///   Returned:  losses   166 numbers: [i+3] receives the loss to sample i, dB, the right antenna
-///                       standing there, for i from startpt to n, startpt being held between 0 and
-///                       n; 0 where there is none, as at sample 0; nothing else is written
-///              rec      loss, dl1, dl2, the1, the2, gme, lfree, lobst, los, scatter of the whole
-///                       path. loss is lfree + lobst + what variability adds. los is 1 when no
-///                       sample stands above the line between the antennas, else 0. scatter is 1
-///                       when los is 0 and lobst was found in the range of scatter, else 0.
-///   Errors:    no path (n below 1, above 160 or not a number, spacing not above 0 and finite, an
-///              elevation that isn't finite): loss is 1000 dB, as for a calculation that is
-///              impossible, the other results are 0, and losses receives 0 from startpt to n where
-///              n is in range, nothing otherwise
-/// Any number of threads may call it.
+///              rec      inputs
+///   Returned:  losses   166 numbers: [i+3] receives the loss to sample i, dB, for i from startpt
+///   to
+///                       n; nothing else is written
+///              rec      results
+///   Errors:    n below 1, above 160 or not a number is no path either; losses then receives
+///   nothing
 extern "C" [[gnu::visibility("default")]] void LR(const double* prof, double* losses,
                                                   LRRecord* rec);

@@ -38,7 +38,7 @@ protected:
     /// Gives a sample a reception of this level.
     void receive(int i, double level_db)
     {
-        scene.link().losses[static_cast<std::size_t>(i) + 3] = scene.link().gain12 - level_db;
+        scene.link().losses[static_cast<std::size_t>(i)] = scene.link().gain12 - level_db;
     }
 
     LinkScene scene;
@@ -111,7 +111,7 @@ TEST_P(ProfilePicture, ColoursTheTerrainByReception)
     receive(20, -3.4); // rounds to -3
     receive(25, -3.6); // rounds to -4
     receive(45, -90);
-    scene.link().losses[43] = 0; // no value: the whole gain
+    scene.link().losses[40] = 0; // no value: the whole gain
     const Painted painted = paint();
     const auto colourof = [&](int i, const QColor& colour) {
         return painted.near(at(i - 0.5, (sample(i) + sample(i - 1)) / 2), colour);
@@ -145,7 +145,7 @@ TEST_P(ProfilePicture, DrawsTheDirectRayInTheFarEndsColour)
 TEST_P(ProfilePicture, DrawsThreeFresnelZones)
 {
     ASSERT_TRUE(scene.run());
-    scene.link().losses.fill(scene.link().gain12 - 10);
+    std::fill(scene.link().losses.begin(), scene.link().losses.end(), scene.link().gain12 - 10);
     const Painted painted = paint();
     for (const int i : {20, 30, 40}) {
         const double f = i / 60.0;

@@ -50,7 +50,7 @@ TEST_P(RangePicture, DrawsTheSystemGainAcross)
 TEST_P(RangePicture, ColoursTheLossByWhatIsLeft)
 {
     const auto set = [&](int i, double level_db) {
-        scene.link().losses[static_cast<std::size_t>(i) + 3] = gain() - level_db;
+        scene.link().losses[static_cast<std::size_t>(i)] = gain() - level_db;
     };
     for (int i = 1; i <= 60; ++i)
         set(i, 40);
@@ -71,7 +71,7 @@ TEST_P(RangePicture, ColoursTheLossByWhatIsLeft)
 
 TEST_P(RangePicture, IsBareWhereNothingWasComputed)
 {
-    scene.link().losses[4] = 0;
+    scene.link().losses[1] = 0;
     EXPECT_TRUE(paint().bare(linkcanvas));
     scene.run(0);
     EXPECT_TRUE(paint().bare(linkcanvas));
