@@ -10,6 +10,7 @@
 #include "pictures/paint/export.h"
 #include "relief/colours.h"
 #include "relief/paint/drawmap.h"
+#include "relief/picturesettings.h"
 
 #include <charconv>
 #include <memory>
@@ -74,13 +75,10 @@ OpenPicture& openpicture(const std::string& file, const SweepOptions& options)
     prepare(options.network.common);
     startpainting();
     opennetwork(file, options.network);
-    RenderOptions render = options.render;
-    render.legend = false;
-    applyoptions(render);
-    const std::int16_t stored = colours.showlegend;
-    colours.showlegend = 0;
-    OpenPicture& picture = *drawmap(nullptr, true);
-    colours.showlegend = options.render.legend ? std::int16_t{1} : stored;
+    applyoptions(options.render);
+    PictureSettings settings = settingsof(mapgrid, nullptr);
+    settings.legend = false;
+    OpenPicture& picture = *drawmap(nullptr, settings, true);
     interf = options.network.mode();
     return picture;
 }

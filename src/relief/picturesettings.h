@@ -7,13 +7,14 @@
 #include <cstdint>
 #include <string>
 
-/// How a map picture is drawn: the map's record and frame, as the dialog of a picture's properties
-/// edits them before they become the map's own.
+/// How a map picture is drawn: the map's record and frame, and the layers over it. The dialog of a
+/// picture's properties edits them before they become the map's own.
 struct PictureSettings {
     MapRecord record;
     std::array<float, 4> maplon{};
     std::array<float, 4> maplat{};
     std::int16_t cities = 0; ///< 0 or -1
+    bool legend = true;      ///< the legend is drawn where the colour table asks for it
 };
 
 /// Where the settings start: with the map's, or, for a picture drawn from a map with relief, with

@@ -103,14 +103,12 @@ void savemapcommand()
 /// Shows the properties of a picture, or of a new one, and draws it when they are applied.
 static void editpicture(OpenPicture* picture)
 {
-    newpic = picture == nullptr;
     frmPicPro(picture ? &picture->data : nullptr, mainwindow).exec();
     const bool draw = opbusy > 0;
-    if (draw)
+    if (draw) {
         drawmap(picture, true);
-    newpic = false;
-    if (draw)
         autodrawnets();
+    }
 }
 
 void newpicture()

@@ -10,6 +10,7 @@
 #include "relief/colours.h"
 #include "relief/paint/drawmap.h"
 #include "relief/paint/legend.h"
+#include "relief/picturesettings.h"
 
 #include <QPainter>
 
@@ -57,6 +58,22 @@ std::int64_t paintsweep(CoverageSheet& sheet, const RadioSweep& sweep)
             sheet.refresh();
             return opstep(k) != 0;
         });
+}
+
+/// A map picture's own settings, but without colours.
+PictureSettings plainrelief(const Picture& picture)
+{
+    PictureSettings settings = settingsof(mapgrid, nullptr);
+    settings.record.Mapmode = mapmode::moon;
+    settings.record.minx = picture.minx;
+    settings.record.maxx = picture.maxx;
+    settings.record.light = picture.light;
+    settings.record.con = picture.con;
+    settings.record.bri = picture.bri;
+    settings.record.c1 = picture.c1;
+    settings.record.c2 = picture.c2;
+    settings.cities = picture.city != 0 ? -1 : 0;
+    return settings;
 }
 
 /// The hourglass for as long as it lives.
@@ -108,23 +125,10 @@ bool covpicture(OpenPicture& picture)
     if (hooks.askuser({"Redessiner l'image en paysage lunaire", Question::Buttons::yesno,
                        Question::Icon::question}) != Answer::yes)
         return true;
-    const MapRecord record = mapgrid.record;
-    const std::int16_t cities = mapgrid.cities;
-    mapgrid.record.Mapmode = mapmode::moon;
-    mapgrid.record.minx = picture.data.minx;
-    mapgrid.record.maxx = picture.data.maxx;
-    mapgrid.record.light = picture.data.light;
-    mapgrid.record.con = picture.data.con;
-    mapgrid.record.bri = picture.data.bri;
-    mapgrid.record.c1 = picture.data.c1;
-    mapgrid.record.c2 = picture.data.c2;
-    mapgrid.cities = picture.data.city != 0 ? -1 : 0;
-    drawmap(&picture, false);
+    drawmap(&picture, plainrelief(picture.data), false);
     const bool whole = opbusy != 0;
     if (whole)
         keep(picture.surface);
-    mapgrid.record = record;
-    mapgrid.cities = cities;
     return whole;
 }
 

@@ -36,7 +36,7 @@ Job coveragejob(int last);
 PenMode paintmode();
 
 /// Offers to draw a map picture anew as a plain relief when it is coloured, so that a coverage's
-/// colours stand out, and does so on Yes. Its own drawing values are used, and the map's come back.
+/// colours stand out, and does so on Yes, with the picture's own drawing values.
 /// False when the user stopped the drawing.
 bool covpicture(OpenPicture& picture);
 

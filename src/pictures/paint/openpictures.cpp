@@ -14,7 +14,6 @@
 std::vector<std::unique_ptr<OpenPicture>> openpictures;
 OpenPicture* currentpic = nullptr;
 int picseq = 0;
-bool newpic = false;
 PictureHooks picturehooks;
 
 namespace

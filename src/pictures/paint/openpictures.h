@@ -59,8 +59,6 @@ extern std::vector<std::unique_ptr<OpenPicture>> openpictures;
 extern OpenPicture* currentpic;
 /// Counts untitled pictures for the whole run.
 extern int picseq;
-/// The next drawing goes to a new picture.
-extern bool newpic;
 
 /// Calls from the list up to the windows. Harmless by default.
 struct PictureHooks {

@@ -8,6 +8,7 @@
 #include "relief/colours.h"
 #include "relief/paint/cities.h"
 #include "relief/paint/legend.h"
+#include "relief/picturesettings.h"
 #include "terrain/mapgrid.h"
 
 #include <QPainter>
@@ -70,11 +71,11 @@ void drawtiles(OpenPicture& picture, const Drawing& drawing)
         }
 }
 
-void takevalues(Picture& data)
+void takevalues(const PictureSettings& settings, Picture& data)
 {
-    const MapRecord& record = mapgrid.record;
-    data.lon = mapgrid.maplon;
-    data.lat = mapgrid.maplat;
+    const MapRecord& record = settings.record;
+    data.lon = settings.maplon;
+    data.lat = settings.maplat;
     data.Pictype = pictype::map;
     data.source = mapname;
     data.Mapmode = record.Mapmode;
@@ -85,16 +86,16 @@ void takevalues(Picture& data)
     data.bri = record.bri;
     data.c1 = record.c1;
     data.c2 = record.c2;
-    data.city = mapgrid.cities != 0 ? 255 : 0;
+    data.city = settings.cities != 0 ? 255 : 0;
     data.hmin = record.hmin;
     data.hmax = record.hmax;
     data.hmoy = record.hmoy;
 }
 
-Drawing makedrawing()
+Drawing makedrawing(const MapRecord& record)
 {
     Drawing drawing;
-    drawing.values = drawvalues(mapgrid);
+    drawing.values = drawvalues(mapgrid, record);
     drawing.scale = drawscale(colours, drawing.values);
     drawing.sheet = std::make_shared<QImage>(mapgrid.width, mapgrid.height, QImage::Format_RGB32);
     drawing.pixels = reinterpret_cast<std::uint32_t*>(drawing.sheet->bits());
@@ -103,13 +104,13 @@ Drawing makedrawing()
 }
 
 /// False when there is no memory for the drawing.
-bool drawground(OpenPicture& picture)
+bool drawground(OpenPicture& picture, const MapRecord& record)
 {
     if (mapgrid.samples.empty())
         return true;
     if (colours.colortable[10] == 0)
         setcolors();
-    const Drawing drawing = makedrawing();
+    const Drawing drawing = makedrawing(record);
     if (drawing.pixels == nullptr || picture.surface.kept.isNull())
         return false;
     drawtiles(picture, drawing);
@@ -129,9 +130,27 @@ Job drawmapjob(const MapGrid& map)
             .value = [](float step) { return static_cast<float>(optiles) + step / tileside; }};
 }
 
+/// The layers over the ground, each kept before the next where they are to be kept.
+static void drawlayers(OpenPicture& picture, const PictureSettings& settings, bool commit)
+{
+    if (settings.cities != 0)
+        drawcities(picture, commit, "cities.dat");
+    const bool rainbow = settings.record.Mapmode == mapmode::rainbow;
+    if (rainbow && settings.legend && colours.showlegend != 0) {
+        drawlegend(picture);
+        if (commit)
+            keep(picture.surface);
+    }
+}
+
 OpenPicture* drawmap(OpenPicture* picture, bool commit)
 {
-    if (picture == nullptr || newpic)
+    return drawmap(picture, settingsof(mapgrid, nullptr), commit);
+}
+
+OpenPicture* drawmap(OpenPicture* picture, const PictureSettings& settings, bool commit)
+{
+    if (picture == nullptr)
         picture = openpic("", -1);
     currentpic = picture;
     picture->enabled = false;
@@ -143,18 +162,12 @@ OpenPicture* drawmap(OpenPicture* picture, bool commit)
     if (picture->surface.kept.size() != size)
         resizepicture(*picture, size.width(), size.height());
     beginop(drawmapjob(mapgrid));
-    const bool drawn = drawground(*picture);
+    const bool drawn = drawground(*picture, settings.record);
     if (drawn && opbusy != 0) {
         if (commit)
             keep(picture->surface);
-        takevalues(picture->data);
-        if (mapgrid.cities != 0)
-            drawcities(*picture, commit, "cities.dat");
-        if (mapgrid.record.Mapmode == mapmode::rainbow && colours.showlegend != 0) {
-            drawlegend(*picture);
-            if (commit)
-                keep(picture->surface);
-        }
+        takevalues(settings, picture->data);
+        drawlayers(*picture, settings, commit);
     }
     picture->enabled = true;
     picturehooks.picturechanged(*picture, {});

@@ -48,7 +48,6 @@ protected:
         colours = {};
         makemap(60, 40);
         picseq = 0;
-        newpic = false;
         toplevel = 0;
         connectpictures();
         connectrelief();

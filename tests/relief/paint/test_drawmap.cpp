@@ -2,6 +2,7 @@
 #include "pictures/paint/picturetest.h"
 #include "relief/paint/cities.h"
 #include "relief/paint/drawmap.h"
+#include "relief/picturesettings.h"
 
 #include <QPainter>
 
@@ -76,9 +77,30 @@ TEST_F(DrawMap, DrawsIntoAnOpenPictureUnlessANewOneIsWanted)
 {
     OpenPicture* picture = openpic("", -1);
     EXPECT_EQ(drawmap(picture, true), picture);
-    newpic = true;
-    EXPECT_NE(drawmap(picture, true), picture);
+    EXPECT_NE(drawmap(nullptr, true), picture);
     EXPECT_EQ(openpictures.size(), 2U);
+}
+
+TEST_F(DrawMap, OtherSettingsLeaveTheMapsOwn)
+{
+    makemap(700, 300);
+    colours.showlegend = 1;
+    const MapGrid before = mapgrid;
+    const QImage own = drawn(drawmap(nullptr, true));
+    PictureSettings settings = settingsof(mapgrid, nullptr);
+    settings.record.Mapmode = mapmode::moon;
+    settings.record.light = 90;
+    settings.cities = -1;
+    const OpenPicture* picture = drawmap(nullptr, settings, true);
+    EXPECT_EQ(picture->data.Mapmode, mapmode::moon);
+    EXPECT_EQ(picture->data.light, 90);
+    EXPECT_EQ(picture->data.city, 255);
+    EXPECT_EQ(mapgrid.record, before.record);
+    EXPECT_EQ(mapgrid.cities, before.cities);
+    settings = settingsof(mapgrid, nullptr);
+    settings.legend = false;
+    EXPECT_NE(drawn(drawmap(nullptr, settings, true)), own) << "without the legend";
+    EXPECT_EQ(drawn(drawmap(nullptr, true)), own);
 }
 
 TEST_F(DrawMap, TakesTheOverlayOff)
