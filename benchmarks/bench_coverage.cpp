@@ -79,7 +79,7 @@ void sweepmap(benchmark::State& state, bool painting)
         const auto rings = runsweep(
             *sweep,
             [&](std::span<const SectorPaint> sectors) {
-                paintsectors(sheet.view(), sectors, colours, PenMode::mask);
+                paintsectors(sheet.view(), sectors, colours);
             },
             [](int) { return true; });
         benchmark::DoNotOptimize(rings);
@@ -111,8 +111,7 @@ void viewsweep(benchmark::State& state, bool painting)
                 [&](const SectorSides& sides, std::span<const SampleRun> runs) {
                     const Wedge wedge(sweep->centre, sides);
                     for (const auto& [first, last] : runs)
-                        fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, 0xffffff00U,
-                                  PenMode::mask);
+                        fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, 0xffffff00U);
                 },
                 [](int) { return true; });
             continue;

@@ -180,7 +180,7 @@ Viewed viewpixels(const MapGrid& map, const ViewSweep& sweep)
             [&](const SectorSides& sides, std::span<const SampleRun> runs) {
                 const Wedge wedge(sweep.centre, sides);
                 for (const auto& [first, last] : runs)
-                    fillwedge(sheet, wedge, first - 0.5, last + 0.5, black, PenMode::mask);
+                    fillwedge(sheet, wedge, first - 0.5, last + 0.5, black);
             },
             [](int) { return true; });
     };

@@ -65,18 +65,14 @@ int crossrow(const std::array<Side, 4>& sides, int sidecount, std::int32_t y,
     return count;
 }
 
-void fillrun(std::uint32_t* row, std::int32_t first, std::int32_t end, std::uint32_t pixel,
-             PenMode mode)
+void fillrun(std::uint32_t* row, std::int32_t first, std::int32_t end, std::uint32_t pixel)
 {
-    if (mode == PenMode::copy)
-        std::fill(row + first, row + std::max(first, end), pixel);
-    else
-        for (std::int32_t x = first; x < end; ++x)
-            row[x] &= pixel;
+    for (std::int32_t x = first; x < end; ++x)
+        row[x] &= pixel;
 }
 } // namespace
 
-void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel, PenMode mode)
+void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pixel)
 {
     const auto [top, bottom] = std::minmax({quad[0].y, quad[1].y, quad[2].y, quad[3].y});
     const std::int32_t firstrow = std::max(top, 0);
@@ -95,7 +91,7 @@ void fillquad(const PixelSheet& sheet, const SectorQuad& quad, std::uint32_t pix
             turns += crossings[at].turn;
             if (turns != 0)
                 fillrun(row, std::max(crossings[at].column, 0),
-                        std::min(crossings[at + 1].column, sheet.width), pixel, mode);
+                        std::min(crossings[at + 1].column, sheet.width), pixel);
         }
     }
 }
@@ -129,8 +125,7 @@ Wedge::Wedge(const SweepCentre& from, const SectorSides& between)
 {
 }
 
-void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b, std::uint32_t pixel,
-               PenMode mode)
+void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b, std::uint32_t pixel)
 {
     const auto& [x0, y0] = wedge.centre;
     const SectorSides& sides = wedge.sides;
@@ -160,7 +155,7 @@ void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b, 
             }
         if (left < right)
             fillrun(sheet.pixels + std::ptrdiff_t{y} * sheet.stride, std::max(wholeabove(left), 0),
-                    std::min(wholeabove(right), sheet.width), pixel, mode);
+                    std::min(wholeabove(right), sheet.width), pixel);
     }
 }
 
@@ -189,13 +184,13 @@ void drawline(const PixelSheet& sheet, PicturePoint from, PicturePoint to, std::
 }
 
 void paintsectors(const PixelSheet& sheet, std::span<const SectorPaint> sectors,
-                  const CoverageColours& colours, PenMode mode)
+                  const CoverageColours& colours)
 {
     for (const SectorPaint& sector : sectors) {
         const SectorQuad& quad = sector.quad;
         if (sector.fill != sectorfill::none) {
             const bool plain = sector.fill == sectorfill::plain;
-            fillquad(sheet, quad, plain ? colours.surface : colours.rainbow[sector.fill], mode);
+            fillquad(sheet, quad, plain ? colours.surface : colours.rainbow[sector.fill]);
         }
         if (sector.across)
             drawline(sheet, quad[0], quad[3], colours.curve);

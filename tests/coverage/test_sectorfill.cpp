@@ -42,7 +42,7 @@ std::vector<int> timespainted(double step_deg, double d_cells, int samples, int 
             SectorQuad moved = quad;
             for (PicturePoint& corner : moved)
                 corner = {corner.x - x0, corner.y - y0};
-            fillquad(box.view(), moved, 0xff000000U, PenMode::copy);
+            fillquad(box.view(), moved, 0xff000000U);
             for (int y = 0; y < box.height; ++y)
                 for (int x = 0; x < box.width; ++x)
                     if (box.at(x, y) != 0xffffffffU)
@@ -62,7 +62,7 @@ TEST(PixelOf, SwapsRedAndBlue)
 TEST(FillQuad, TakesItsLeftAndUpperEdgeAndLeavesTheOthers)
 {
     Sheet sheet(10, 10);
-    fillquad(sheet.view(), {{{2, 3}, {6, 3}, {6, 5}, {2, 5}}}, 0xff000000U, PenMode::copy);
+    fillquad(sheet.view(), {{{2, 3}, {6, 3}, {6, 5}, {2, 5}}}, 0xff000000U);
     int painted = 0;
     for (int y = 0; y < 10; ++y)
         for (int x = 0; x < 10; ++x) {
@@ -82,31 +82,30 @@ TEST(FillQuad, DoesNotDependOnTheOrderOfItsCorners)
         for (PicturePoint& corner : quad)
             corner = {any(random), any(random)};
         Sheet one(20, 20);
-        fillquad(one.view(), quad, 0xff000000U, PenMode::copy);
+        fillquad(one.view(), quad, 0xff000000U);
         std::rotate(quad.begin(), quad.begin() + 1, quad.end());
         std::reverse(quad.begin(), quad.end());
         Sheet other(20, 20);
-        fillquad(other.view(), quad, 0xff000000U, PenMode::copy);
+        fillquad(other.view(), quad, 0xff000000U);
         EXPECT_EQ(one.pixels, other.pixels);
     }
 }
 
-TEST(FillQuad, MaskLetsTheMapShowThrough)
+TEST(FillQuad, LetsTheMapShowThrough)
 {
     Sheet sheet(4, 4);
     sheet.pixels.assign(16, 0xff8899aaU);
-    fillquad(sheet.view(), {{{0, 0}, {4, 0}, {4, 4}, {0, 4}}}, pixelof(0x00FFFF), PenMode::mask);
+    fillquad(sheet.view(), {{{0, 0}, {4, 0}, {4, 4}, {0, 4}}}, pixelof(0x00FFFF));
     EXPECT_EQ(sheet.at(2, 2), 0xff889900U);
 }
 
 TEST(FillQuad, IsCutAtTheSheet)
 {
     Sheet sheet(5, 5);
-    fillquad(sheet.view(), {{{-100, -100}, {1000, -90}, {1000, 1000}, {-90, 1000}}}, 0xff000000U,
-             PenMode::copy);
+    fillquad(sheet.view(), {{{-100, -100}, {1000, -90}, {1000, 1000}, {-90, 1000}}}, 0xff000000U);
     EXPECT_EQ(std::count(sheet.pixels.begin(), sheet.pixels.end(), 0xff000000U), 25);
-    fillquad(sheet.view(), {{{-9, -9}, {-5, -9}, {-5, -5}, {-9, -5}}}, 0xff0000ffU, PenMode::copy);
-    fillquad(sheet.view(), {{{9, 1}, {15, 1}, {15, 3}, {9, 3}}}, 0xff0000ffU, PenMode::copy);
+    fillquad(sheet.view(), {{{-9, -9}, {-5, -9}, {-5, -5}, {-9, -5}}}, 0xff0000ffU);
+    fillquad(sheet.view(), {{{9, 1}, {15, 1}, {15, 3}, {9, 3}}}, 0xff0000ffU);
     EXPECT_EQ(std::count(sheet.pixels.begin(), sheet.pixels.end(), 0xff000000U), 25);
 }
 
@@ -162,7 +161,7 @@ TEST(FillWedge, PaintsEachPixelOfARingOnce)
                 sides.ry = start.ly;
             }
             Sheet sheet(side, side);
-            fillwedge(sheet.view(), Wedge(centre, sides), 9.5, 60.5, 0xff000000U, PenMode::mask);
+            fillwedge(sheet.view(), Wedge(centre, sides), 9.5, 60.5, 0xff000000U);
             for (std::size_t i = 0; i < times.size(); ++i)
                 times[i] += sheet.pixels[i] != 0xffffffffU;
         }
@@ -183,7 +182,7 @@ TEST(FillWedge, IsCutAtTheSheet)
 {
     Sheet sheet(5, 5);
     const Wedge wedge({2, 2}, sectorsides(90, 5, 1));
-    fillwedge(sheet.view(), wedge, 0.5, 1000, 0xff000000U, PenMode::copy);
+    fillwedge(sheet.view(), wedge, 0.5, 1000, 0xff000000U);
     EXPECT_EQ(sheet.at(3, 2), 0xff000000U);
     EXPECT_EQ(sheet.at(4, 2), 0xff000000U);
     EXPECT_EQ(std::count(sheet.pixels.begin(), sheet.pixels.end(), 0xff000000U), 2);
@@ -226,7 +225,7 @@ TEST(Contour, IsContinuousRoundTheServedArea)
     runsweep(
         *sweep,
         [&](std::span<const SectorPaint> sectors) {
-            paintsectors(sheet.view(), sectors, CoverageColours{{}, 0, 0xff000000U}, PenMode::mask);
+            paintsectors(sheet.view(), sectors, CoverageColours{{}, 0, 0xff000000U});
         },
         [](int) { return true; });
     const auto painted = std::count(sheet.pixels.begin(), sheet.pixels.end(), 0xff000000U);

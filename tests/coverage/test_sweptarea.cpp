@@ -101,7 +101,7 @@ Sheet sweptsheet(const RadioSweep& sweep)
     runsweep(
         sweep,
         [&](std::span<const SectorPaint> sectors) {
-            paintsectors(sheet.view(), sectors, colours, PenMode::copy);
+            paintsectors(sheet.view(), sectors, colours);
         },
         [](int) { return true; });
     return sheet;
@@ -189,7 +189,7 @@ TEST(SweptArea, OfAVisualCoverageHasNoHolesAtAnyRangeAndStep)
             [&](const SectorSides& sides, std::span<const SampleRun> runs) {
                 const Wedge wedge(place.centre, sides);
                 for (const auto& [first, last] : runs)
-                    fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, ink, PenMode::copy);
+                    fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, ink);
             },
             [](int) { return true; });
         EXPECT_EQ(holesbetween(sheet, place.centre, double{step_deg}, 1, sweep->first - 0.5,

@@ -399,8 +399,3 @@ TEST(Fastdraw, ReliefAgreesWithTheUsualHillshadeOnRealGround)
         }
     EXPECT_GT(correlation(usual, ours), 0.95);
 }
-
-TEST(Translate, DisplaysHaveNoPalette)
-{
-    EXPECT_EQ(translate(), 0);
-}

@@ -3,7 +3,6 @@
 #include "base/hooks.h"
 #include "base/numbers.h"
 #include "coverage/choice.h"
-#include "engine/draw/fastdraw.h"
 #include "netoverlay/paint/overlay.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/keepdrawing.h"
@@ -48,11 +47,10 @@ CoverageColours paintcolours()
 std::int64_t paintsweep(CoverageSheet& sheet, const RadioSweep& sweep)
 {
     const CoverageColours paint = paintcolours();
-    const PenMode mode = paintmode();
     return runsweep(
         sweep,
         [&](std::span<const SectorPaint> sectors) {
-            paintsectors(sheet.view(), sectors, paint, mode);
+            paintsectors(sheet.view(), sectors, paint);
         },
         [&](int k) {
             sheet.refresh();
@@ -111,11 +109,6 @@ Job coveragejob(int last)
             .text = "Calcul de la couverture ...",
             .total = static_cast<float>(last),
             .erasesnets = false}; // it is drawn on top of them
-}
-
-PenMode paintmode()
-{
-    return translate() > 0 ? PenMode::copy : PenMode::mask;
 }
 
 bool covpicture(OpenPicture& picture)

@@ -32,9 +32,6 @@ private:
 ///   last  number of the last radial
 Job coveragejob(int last);
 
-/// How colours meet the map on today's displays.
-PenMode paintmode();
-
 /// Offers to draw a map picture anew as a plain relief when it is coloured, so that a coverage's
 /// colours stand out, and does so on Yes, with the picture's own drawing values.
 /// False when the user stopped the drawing.

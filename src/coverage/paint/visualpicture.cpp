@@ -6,14 +6,13 @@
 
 static std::int64_t paintview(CoverageSheet& sheet, const ViewSweep& sweep, std::int32_t colour)
 {
-    const PenMode mode = paintmode();
     const std::uint32_t pixel = pixelof(colour);
     return runview(
         sweep,
         [&](const SectorSides& sides, std::span<const SampleRun> runs) {
             const Wedge wedge(sweep.centre, sides);
             for (const auto& [first, last] : runs)
-                fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, pixel, mode);
+                fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, pixel);
         },
         [&](int k) {
             sheet.refresh();

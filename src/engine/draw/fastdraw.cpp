@@ -388,8 +388,3 @@ void fastdraw(const GridView& grid, const DrawValues& values, const ColourScale&
                        line + (x - tile.x0));
     }
 }
-
-int translate()
-{
-    return 0;
-}

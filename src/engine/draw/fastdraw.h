@@ -73,6 +73,3 @@ struct TileTarget {
 ///   Errors: none; a tile off the grid paints nothing, an unknown mode paints as mode 0
 void fastdraw(const GridView& grid, const DrawValues& values, const ColourScale& colours,
               const TileTarget& tile);
-
-/// Number of entries of the display's palette: 0, as displays have none today.
-int translate();

@@ -73,7 +73,7 @@ TEST_F(CoveragePicture, PaintsTheSectorsOfThePlainSweep)
                            static_cast<int>(expected.bytesPerLine() / 4), expected.width(),
                            expected.height()};
     for (const SlowSector& sector : slow.sectors)
-        fillquad(sheet, sector.quad, 0xffffff00U, PenMode::mask);
+        fillquad(sheet, sector.quad, 0xffffff00U);
     answers = {Answer::no};
     EXPECT_NEAR(drawcoverage(*picture, order), slow.area_km2, 1e-9);
     EXPECT_EQ(surfaceimage(picture->surface), expected);
