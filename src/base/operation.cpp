@@ -19,9 +19,13 @@ static constexpr double paintinterval = 0.25;
 /// Steps from one report to the next.
 static constexpr std::int32_t reportevery = 20;
 
-static Job running;
-static int shownpercent = 0;
-static double nextpaint = 0;
+/// What the status line shows of the job.
+struct Progress {
+    Job job;
+    int shownpercent = 0;
+    double nextpaint = 0; ///< time of day of the next painting, s
+};
+static Progress running;
 
 static double clocktime()
 {
@@ -43,13 +47,11 @@ void beginop(Job job)
     if (job.erasesnets)
         hooks.erasenets();
     hooks.setbusyinterface(true);
-    running = std::move(job);
-    opbusy = running.number;
-    hooks.setlabel2(running.text);
-    optotal = running.total;
+    running = {std::move(job)};
+    opbusy = running.job.number;
+    hooks.setlabel2(running.job.text);
+    optotal = running.job.total;
     optiles = 0;
-    shownpercent = 0;
-    nextpaint = 0;
     showprogress(0.0001F); // the bar appears at once, at its least width
 }
 
@@ -61,7 +63,7 @@ void endop()
     hooks.setlabel1("Prêt");
     showprogress(0);
     opbusy = 0;
-    running = {};
+    running.job = {};
 }
 
 /// A step in the unit of `optotal`; 0 after a stop: the bar goes.
@@ -69,15 +71,15 @@ static float progressvalue(float step)
 {
     if (opbusy == 0)
         return 0;
-    return running.value ? running.value(step) : step;
+    return running.job.value ? running.job.value(step) : step;
 }
 
 std::int32_t opstep(std::int32_t step)
 {
     hooks.pumpevents();
     if (step % reportevery == 0) {
-        if (opbusy != 0 && running.refresh)
-            running.refresh();
+        if (opbusy != 0 && running.job.refresh)
+            running.job.refresh();
         showprogress(progressvalue(static_cast<float>(step)));
     }
     return std::min<std::int32_t>(opbusy, 1);
@@ -95,11 +97,11 @@ void showprogress(float value)
     const int percent = static_cast<int>(std::nearbyint(share));
     const double now = timeofday();
     // The clock starts anew at midnight; the next painting is never further away than its interval.
-    const bool toosoon = now <= nextpaint && nextpaint - now <= paintinterval;
-    if (toosoon || percent == shownpercent)
+    const bool toosoon = now <= running.nextpaint && running.nextpaint - now <= paintinterval;
+    if (toosoon || percent == running.shownpercent)
         return;
-    nextpaint = now + paintinterval;
-    shownpercent = percent;
+    running.nextpaint = now + paintinterval;
+    running.shownpercent = percent;
     hooks.setprogress(percent);
     hooks.setlabel1(std::to_string(percent) + "%");
 }

@@ -39,10 +39,12 @@ struct Session {
     std::int16_t drawfontsize = 8; ///< points
     bool drawfontbold = true;
     bool drawfontitalic = false;
-    bool drawtransparent = true; ///< text on pictures without an opaque background
-    bool drawobject = true;      ///< overlay objects on new pictures
-    float defh1 = 2;             ///< default antenna height of a link's left end, m
-    float defh2 = 2;             ///< and of its right end, m
+    bool drawtransparent = true;   ///< text on pictures without an opaque background
+    bool drawobject = true;        ///< overlay objects on new pictures
+    float defh1 = 2;               ///< default antenna height of a link's left end, m
+    float defh2 = 2;               ///< and of its right end, m
+    bool mousecoordinates = false; ///< the status line tells where the mouse is
+    std::string profilefile; ///< that the last profile was written to; empty: none in this run
     LiveSettings live;
 };
 extern Session session;

@@ -11,6 +11,8 @@
 struct SettingsStore {
     std::function<bool(std::string_view key, std::string& value)> get;
     std::function<void(std::string_view key, const std::string& value)> set;
+    /// Puts what was set out of memory, where there is a file.
+    std::function<void()> flush = [] {};
 };
 extern SettingsStore settingsstore;
 /// A fresh store in memory.

@@ -11,13 +11,11 @@
 #include <limits>
 #include <memory>
 
-static std::unique_ptr<QSettings> inifile;
-
 /// The key as the file spells it; keys are one whatever the case of their letters.
-static QString spelled(std::string_view key)
+static QString spelled(const QSettings& file, std::string_view key)
 {
     QString wanted = QString::fromUtf8(key.data(), qsizetype(key.size()));
-    for (const QString& existing : inifile->childKeys())
+    for (const QString& existing : file.childKeys())
         if (existing.compare(wanted, Qt::CaseInsensitive) == 0)
             return existing;
     return wanted;
@@ -26,20 +24,22 @@ static QString spelled(std::string_view key)
 void usesettingsfile(const QString& path)
 {
     const QString title = QString::fromUtf8(apptitle);
-    inifile = path.isEmpty() ? std::make_unique<QSettings>(QSettings::IniFormat,
-                                                           QSettings::UserScope, title, title)
-                             : std::make_unique<QSettings>(path, QSettings::IniFormat);
-    inifile->beginGroup(QStringLiteral("Settings"));
-    settingsstore.get = [](std::string_view key, std::string& value) {
-        const QString name = spelled(key);
-        if (!inifile->contains(name))
+    const auto file =
+        path.isEmpty()
+            ? std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope, title, title)
+            : std::make_shared<QSettings>(path, QSettings::IniFormat);
+    file->beginGroup(QStringLiteral("Settings"));
+    settingsstore.get = [file](std::string_view key, std::string& value) {
+        const QString name = spelled(*file, key);
+        if (!file->contains(name))
             return false;
-        value = inifile->value(name).toString().toStdString();
+        value = file->value(name).toString().toStdString();
         return true;
     };
-    settingsstore.set = [](std::string_view key, const std::string& value) {
-        inifile->setValue(spelled(key), QString::fromStdString(value));
+    settingsstore.set = [file](std::string_view key, const std::string& value) {
+        file->setValue(spelled(*file, key), QString::fromStdString(value));
     };
+    settingsstore.flush = [file] { file->sync(); };
 }
 
 void readsession()
@@ -124,6 +124,5 @@ void storesession()
     writesetting("GPSplay", live.gpsplay);
     for (std::size_t i = 0; i < session.recent.size(); ++i)
         writesetting("Previous" + std::to_string(i), session.recent[i]);
-    if (inifile)
-        inifile->sync();
+    settingsstore.flush();
 }

@@ -6,6 +6,7 @@
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
 #include "base/operation.h"
+#include "base/session.h"
 #include "coverage/windows/frmCoverage.h"
 #include "coverage/windows/frmVisual.h"
 #include "netoverlay/paint/overlay.h"
@@ -106,7 +107,7 @@ void showhidestatusbar()
 
 void followmouse()
 {
-    mousecoordinates = mainwindow->checked("mnuMouseCoor");
+    session.mousecoordinates = mainwindow->checked("mnuMouseCoor");
 }
 
 void cascadewindows()

@@ -9,9 +9,9 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 PictureWindowHooks picturewindowhooks;
-PickedEnds pickedends;
 
 namespace
 {
@@ -28,7 +28,8 @@ const StationMark& markof(const OpenPicture& picture, int unit)
 
 } // namespace
 
-StationMouse::StationMouse(OpenPicture& picture, QWidget* view) : shown(picture), surface(view)
+StationMouse::StationMouse(OpenPicture& picture, QWidget* view, std::shared_ptr<PickedEnds> ends)
+    : shown(picture), surface(view), picked(std::move(ends))
 {
     redraw.setSingleShot(true);
     redraw.setInterval(0); // once all moves that wait have been taken
@@ -145,14 +146,14 @@ bool StationMouse::showpointer(const QPointF& at)
 void StationMouse::pickend(int unit, Qt::MouseButton button)
 {
     if (button == Qt::LeftButton)
-        pickedends.first = unit;
+        picked->first = unit;
     if (button == Qt::RightButton)
-        pickedends.second = unit;
-    hooks.setlabel2(stationname(pickedends.first) + " - " + stationname(pickedends.second));
-    if (pickedends.first == 0 || pickedends.second == 0 || pickedends.first == pickedends.second)
+        picked->second = unit;
+    hooks.setlabel2(stationname(picked->first) + " - " + stationname(picked->second));
+    if (picked->first == 0 || picked->second == 0 || picked->first == picked->second)
         return;
     held = 0; // the window that opens gets the release
-    picturewindowhooks.showlink(pickedends.first, pickedends.second);
+    picturewindowhooks.showlink(picked->first, picked->second);
 }
 
 void StationMouse::offermoving(int unit)
@@ -169,7 +170,8 @@ void StationMouse::offermoving(int unit)
 
 void connectstationmouse()
 {
-    picturetoolmakers.emplace_back([](OpenPicture& picture, QWidget* view) {
-        return std::make_unique<StationMouse>(picture, view);
+    const auto ends = std::make_shared<PickedEnds>();
+    picturetoolmakers.emplace_back([ends](OpenPicture& picture, QWidget* view) {
+        return std::make_unique<StationMouse>(picture, view, ends);
     });
 }

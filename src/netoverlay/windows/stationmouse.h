@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 /// What the mouse on a station opens. Harmless by default.
@@ -21,7 +22,6 @@ extern PictureWindowHooks picturewindowhooks;
 struct PickedEnds {
     int first = 0, second = 0;
 };
-extern PickedEnds pickedends;
 
 /// The mouse on the stations of one picture: a double click edits a station, a press with shift
 /// makes it an end of a link, a right press offers to move it to the cursor, a left drag carries it
@@ -30,7 +30,8 @@ class StationMouse : public PictureTool
 {
 public:
     /// view: where the picture is shown; one unit is a pixel of the picture.
-    StationMouse(OpenPicture& picture, QWidget* view);
+    /// ends: the two may be picked on different pictures.
+    StationMouse(OpenPicture& picture, QWidget* view, std::shared_ptr<PickedEnds> ends);
 
     bool pressed(const QMouseEvent& event) override;
     bool doubleclicked(const QMouseEvent& event) override;
@@ -57,7 +58,9 @@ private:
     QPointF wanted; ///< where the mouse is; moves that come faster than the drawing fall together
     QTimer redraw;  ///< runs from a move until it is drawn
     std::optional<StationDrag> drag;
+    std::shared_ptr<PickedEnds> picked;
 };
 
-/// Gives the picture windows that are made from now on the mouse on stations.
+/// Gives the picture windows that are made from now on the mouse on stations; they share the ends
+/// of a link.
 void connectstationmouse();

@@ -2,6 +2,7 @@
 
 #include "base/hooks.h"
 #include "base/operation.h"
+#include "base/session.h"
 #include "coordinates/positiontexts.h"
 #include "pictures/georeference.h"
 #include "pictures/layout.h"
@@ -23,7 +24,6 @@
 #include <cmath>
 #include <optional>
 
-bool mousecoordinates = false;
 std::vector<PictureToolMaker> picturetoolmakers;
 
 namespace
@@ -295,7 +295,7 @@ void frmPic::surfacemoved(QMouseEvent* event)
 void frmPic::showplace(const QPoint& at)
 {
     std::string text;
-    if (mousecoordinates) {
+    if (session.mousecoordinates) {
         if (auto position = positionat(entry->data, at))
             text = dmslon(position->lon) + "  " + dmslat(position->lat);
     }

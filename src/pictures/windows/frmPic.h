@@ -13,9 +13,6 @@
 class QScrollBar;
 class SurfaceView;
 
-/// The status line follows the mouse over pictures ("Coordonnées de la souris").
-extern bool mousecoordinates;
-
 /// A picture window: shows one entry of the list of open pictures, with scroll bars, mouse and
 /// keys.
 class frmPic : public QWidget

@@ -35,15 +35,6 @@ namespace
 constexpr double cursorstart = 170; // samples; beyond the end of every path
 constexpr double cursorstep = 0.5;  // samples that an arrow key moves the cursor
 
-/// The file that the last export went to, kept for the run.
-std::string& exportname()
-{
-    static std::string name;
-    if (name.empty())
-        name = userfolder() + "profile.txt";
-    return name;
-}
-
 AnalysisOptions options()
 {
     return {interf, session.defh1, session.defh2};
@@ -346,10 +337,11 @@ void frmLink::exportlink()
         telluser("Pas de données exportables");
         return;
     }
-    const std::string name = linkwindowhooks.asktextfile(exportname());
+    const std::string name = linkwindowhooks.asktextfile(
+        session.profilefile.empty() ? userfolder() + "profile.txt" : session.profilefile);
     if (name.empty())
         return;
-    exportname() = name;
+    session.profilefile = name;
     hooks.busypointer(true);
     const bool written =
         exportprofile(name, network, mapgrid, transmitter(), receiver(), chosennet(), options());

@@ -14,17 +14,19 @@
 
 #include <algorithm>
 
-// What is kept for the run: where the window stood, and whether it showed its zoom panel.
-static int gridright = 24;  // margins to the screen's edges, device-independent pixels
-static int gridbottom = 64; // clear of a desktop's panel
-static bool zoomopen = false;
-
 // The zoom panel shows a square piece of the picture three times enlarged.
 static constexpr int piece = 50;             // picture pixels
 static constexpr int zoomside = 150;         // device-independent pixels
 static constexpr double zoominterval = 0.25; // seconds
-// Time of day before which the zoom panel is not refreshed.
-static double gridzoomtime = 0;
+
+/// What is kept for the run, from one window to the next.
+struct GridPlace {
+    int gridright = 24;  ///< margins to the screen's edges, device-independent pixels
+    int gridbottom = 64; ///< clear of a desktop's panel
+    bool zoomopen = false;
+    double gridzoomtime = 0; ///< time of day before which the zoom panel is not refreshed
+};
+static GridPlace kept;
 
 frmGrid::frmGrid(QWidget* parent) : QDialog(parent, Qt::Tool)
 {
@@ -88,8 +90,8 @@ void frmGrid::makewidgets()
 
 void frmGrid::fitzoom()
 {
-    zoombutton->setText(zoomopen ? QStringLiteral("<") : QStringLiteral(">"));
-    zoom->setVisible(zoomopen);
+    zoombutton->setText(kept.zoomopen ? QStringLiteral("<") : QStringLiteral(">"));
+    zoom->setVisible(kept.zoomopen);
 }
 
 // Moves the cursor to where it is, so that all that follows it is written anew.
@@ -103,8 +105,8 @@ static void refreshcursor()
 
 void frmGrid::flipzoom()
 {
-    zoomopen = !zoomopen;
-    if (zoomopen)
+    kept.zoomopen = !kept.zoomopen;
+    if (kept.zoomopen)
         refreshcursor();
     fitzoom();
     layout()->activate(); // the window has its new size from here on
@@ -122,8 +124,8 @@ void frmGrid::showEvent(QShowEvent* event)
     adjustSize();
     const QRect edges = screen()->geometry();
     const QSize frame = frameGeometry().size();
-    const int x = edges.right() + 1 - gridright - frame.width();
-    const int y = edges.bottom() + 1 - gridbottom - frame.height();
+    const int x = edges.right() + 1 - kept.gridright - frame.width();
+    const int y = edges.bottom() + 1 - kept.gridbottom - frame.height();
     move(std::max(x, edges.left()), std::max(y, edges.top()));
     placed = true;
 }
@@ -132,8 +134,8 @@ void frmGrid::hideEvent(QHideEvent* event)
 {
     if (placed && !event->spontaneous()) {
         const QRect edges = screen()->geometry();
-        gridright = edges.right() - frameGeometry().right();
-        gridbottom = edges.bottom() - frameGeometry().bottom();
+        kept.gridright = edges.right() - frameGeometry().right();
+        kept.gridbottom = edges.bottom() - frameGeometry().bottom();
         placed = false;
     }
     QDialog::hideEvent(event);
@@ -157,14 +159,14 @@ void frmGrid::showcell(float lon, float lat, int x, int y)
 
 void frmGrid::refreshzoom()
 {
-    if (!zoomopen || !mapwindowhooks.picturepiece)
+    if (!kept.zoomopen || !mapwindowhooks.picturepiece)
         return;
-    const double wait = gridzoomtime - timeofday();
+    const double wait = kept.gridzoomtime - timeofday();
     if (wait >= 0 && wait <= zoominterval) { // beyond it the day has changed
         zoomlater->start(static_cast<int>(wait * 1000) + 1);
         return;
     }
-    gridzoomtime = timeofday() + zoominterval;
+    kept.gridzoomtime = timeofday() + zoominterval;
     const double scale = devicePixelRatioF();
     QImage image = mapwindowhooks.picturepiece(zoomlon, zoomlat, piece, qRound(zoomside * scale));
     if (image.isNull())

@@ -4,6 +4,7 @@
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
 #include "base/operation.h"
+#include "base/session.h"
 #include "netoverlay/paint/overlay.h"
 #include "pictures/windows/frmPic.h"
 
@@ -48,9 +49,9 @@ TEST_F(FrmMain, TogglesToolbarStatusBarAndCheckMarks)
     choose("mnuViewStatus");
     EXPECT_FALSE(window->Picture2->isVisible());
     choose("mnuMouseCoor");
-    EXPECT_TRUE(mousecoordinates);
+    EXPECT_TRUE(session.mousecoordinates);
     choose("mnuMouseCoor");
-    EXPECT_FALSE(mousecoordinates);
+    EXPECT_FALSE(session.mousecoordinates);
     choose("mnuViewAuto");
     EXPECT_FALSE(window->checked("mnuViewAuto"));
 }

@@ -20,7 +20,6 @@ protected:
         }
         network.nets[1].topology = visiblebit;
         selection = {};
-        pickedends = {};
         netdirty = false;
         picturewindowhooks.editstation = [this] { edited.push_back(selection.curunit); };
         picturewindowhooks.showlink = [this](int a, int b) { links.emplace_back(a, b); };
@@ -31,7 +30,6 @@ protected:
     {
         picturewindowhooks = {};
         selection = {};
-        pickedends = {};
         netdirty = false;
         PictureWindowTest::TearDown();
     }

@@ -36,7 +36,6 @@ protected:
     {
         PictureTest::TearDown();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        mousecoordinates = false;
     }
 
     /// A move of the mouse, with a button down or without.

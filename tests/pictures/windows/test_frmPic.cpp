@@ -166,7 +166,7 @@ TEST_F(FrmPic, TheStatusLineFollowsTheMouseWhenItIsTo)
     label2 = "before";
     move(QPoint(150, 100));
     EXPECT_EQ(label2, "before");
-    mousecoordinates = true;
+    session.mousecoordinates = true;
     move(QPoint(150, 100));
     EXPECT_EQ(label2, "007°45'00\"E  44°30'00\"N");
 }
