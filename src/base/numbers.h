@@ -16,9 +16,9 @@ template <typename T> constexpr T smax(T a, T b)
     return a > b ? a : b;
 }
 
-/// Nearest whole number, ties to even, whatever the current rounding mode of the program is asked
-/// to be by a library (the program never changes it from the default).
-inline double roundeven(double value)
+/// Nearest whole number, ties to even: rounding in the mode to nearest, which the program starts in
+/// and never leaves.
+inline double roundtoeven(double value)
 {
     return std::nearbyint(value);
 }

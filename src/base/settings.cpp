@@ -66,7 +66,7 @@ template <typename T> static std::optional<T> converted(const std::string& text)
         return std::nullopt;
     constexpr auto least = static_cast<double>(std::numeric_limits<T>::lowest());
     constexpr auto most = static_cast<double>(std::numeric_limits<T>::max());
-    const double value = std::is_integral_v<T> ? roundeven(*number) : *number;
+    const double value = std::is_integral_v<T> ? roundtoeven(*number) : *number;
     if (value < least || value > most)
         return std::nullopt;
     return static_cast<T>(value);

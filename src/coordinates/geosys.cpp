@@ -76,7 +76,7 @@ bool parsegeosys(std::string_view bytes, GeodeticSystem& system)
         *axis = *length;
     }
     using Limits = std::numeric_limits<std::int16_t>;
-    const double shift = roundeven(takenumber(bytes).value_or(HUGE_VAL));
+    const double shift = roundtoeven(takenumber(bytes).value_or(HUGE_VAL));
     if (shift < Limits::min() || shift > Limits::max())
         return false;
     system.rowshift = static_cast<std::int16_t>(shift);

@@ -34,7 +34,7 @@ static std::int32_t towhole(double value)
 static std::int32_t tolattice(double metres)
 {
     constexpr double most = 2e9;
-    return towhole(roundeven(std::clamp(metres, -most, most) / 10) * 10);
+    return towhole(roundtoeven(std::clamp(metres, -most, most) / 10) * 10);
 }
 
 UtmPosition ll2utm(double lon, double lat, const GeodeticSystem& system)
@@ -158,7 +158,7 @@ static bool splitreference(std::string_view text, GridReference& reference)
     constexpr std::size_t lettercount = 3;
     if (clean.size() < digits + lettercount)
         return false;
-    const double half = roundeven(static_cast<double>(clean.size() - digits - lettercount) / 2);
+    const double half = roundtoeven(static_cast<double>(clean.size() - digits - lettercount) / 2);
     if (half < 1 || half > 5)
         return false;
     const auto width = static_cast<std::size_t>(half);

@@ -29,7 +29,7 @@ static float normallat(float lat)
 /// Whole seconds of arc.
 static double arcseconds(float degrees)
 {
-    return roundeven(static_cast<double>(degrees) * 3600);
+    return roundtoeven(static_cast<double>(degrees) * 3600);
 }
 
 static std::string sexagesimal(double seconds, const char* degreepattern)

@@ -34,7 +34,7 @@ AntennaPattern readpattern(const std::string& filename)
 
 float patterngain(const AntennaPattern& pattern, double azimuth_deg, double antaz_deg)
 {
-    const double angle = std::fmod(roundeven(azimuth_deg - antaz_deg), 360);
+    const double angle = std::fmod(roundtoeven(azimuth_deg - antaz_deg), 360);
     if (!std::isfinite(angle))
         return pattern[0];
     return pattern[static_cast<std::size_t>(angle < 0 ? angle + 360 : angle)];

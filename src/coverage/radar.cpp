@@ -14,7 +14,7 @@ std::optional<RadarDiagram> parseradar(std::string_view text)
     double count = 0;
     if (!numbers.next(count) || !numbers.next(radar.gatesize_km))
         return std::nullopt;
-    count = roundeven(count);
+    count = roundtoeven(count);
     // Two numbers of one digit and their separators are the least that a gate takes.
     const std::size_t most = text.size() / 4 + 1;
     if (!(count >= 1) || count > static_cast<double>(most) || !(radar.gatesize_km > 0))

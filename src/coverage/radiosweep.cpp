@@ -23,7 +23,7 @@ void setgeometry(const MapGrid& map, RadioSweep& sweep)
     const double range_km =
         smin(double{sweep.order.bounds.rmax}, reachcells(map, sweep.centre) * size_km / height);
     const double cells = range_km * height / size_km;
-    sweep.samples = static_cast<int>(roundeven(smax(2.0, smin(double{mostsamples}, cells))));
+    sweep.samples = static_cast<int>(roundtoeven(smax(2.0, smin(double{mostsamples}, cells))));
     sweep.d_cells = cells / sweep.samples;
     sweep.spacing_m = sweep.d_cells * size_km / height * 1000;
     sweep.nearlimit = double{sweep.order.bounds.rmin} / sweep.d_cells / size_km * height;
@@ -56,7 +56,7 @@ bool rainbowsample(const RadioSweep& sweep, double level_db, RadioSample& sample
         if (v == 0)
             return true;
         const double width = double{levels.high} - double{levels.low};
-        const double index = roundeven((v - double{levels.low}) / width * 10 + 1);
+        const double index = roundtoeven((v - double{levels.low}) / width * 10 + 1);
         sample.fill = static_cast<std::uint8_t>(smin(smax(index, 0.0), 11.0));
         sample.counted = true;
         return width != 0;

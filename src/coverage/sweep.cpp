@@ -12,7 +12,7 @@ int lastradial(const SweepBounds& bounds)
     const double radials = (double{bounds.azmax} - double{bounds.azmin}) / double{bounds.step};
     if (!(bounds.step > 0) || !(std::abs(radials) <= mostradials))
         return -1;
-    return static_cast<int>(roundeven(radials));
+    return static_cast<int>(roundtoeven(radials));
 }
 
 std::vector<double> radialazimuths(const SweepBounds& bounds)
@@ -32,13 +32,13 @@ double reachcells(const MapGrid& map, const SweepCentre& centre)
     const double halfheight = map.uppery() / 2.0;
     const double dx = halfwidth + std::abs(centre.x0 - halfwidth);
     const double dy = halfheight + std::abs(centre.y0 - halfheight);
-    return roundeven(std::sqrt(dx * dx + dy * dy));
+    return roundtoeven(std::sqrt(dx * dx + dy * dy));
 }
 
 bool sweepable(const MapGrid& map, const SweepCentre& centre)
 {
     const auto within = [](double value, int upper) {
-        return roundeven(value) >= 0 && roundeven(value) <= upper;
+        return roundtoeven(value) >= 0 && roundtoeven(value) <= upper;
     };
     return map.upperx() > 0 && map.uppery() > 0 && map.record.mapsize > 0 &&
            std::isfinite(map.record.mapsize) && within(centre.x0, map.upperx()) &&

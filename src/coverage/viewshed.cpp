@@ -33,7 +33,7 @@ void cutray(const ViewSweep& sweep, double ux, double uy, int count,
 /// True when a target lies within the beam at its range.
 bool inbeam(const RadarDiagram& radar, double d_m, double target_m)
 {
-    const double gate = roundeven(d_m * (1.0 / 1000 / radar.gatesize_km));
+    const double gate = roundtoeven(d_m * (1.0 / 1000 / radar.gatesize_km));
     if (!(gate <= radar.count()))
         return false;
     const RadarGate& limits = radar.gates[static_cast<std::size_t>(gate)];
@@ -57,7 +57,7 @@ std::optional<ViewSweep> prepareview(const MapGrid& map, const ViewOrder& order,
     }
     // A diagram may reach far beyond the map, and its first gate even lie there.
     const double most = 2 * reach + 2;
-    const double whole = roundeven(smax(2.0, range_km * height / size_km));
+    const double whole = roundtoeven(smax(2.0, range_km * height / size_km));
     ViewSweep sweep;
     sweep.map = &map;
     sweep.order = order;
@@ -66,7 +66,7 @@ std::optional<ViewSweep> prepareview(const MapGrid& map, const ViewOrder& order,
     sweep.sensor_m = double{order.sensorh} + double{ground_m};
     sweep.step_m = range_km / whole * 1000;
     sweep.samples = static_cast<int>(smin(whole, most));
-    sweep.first = static_cast<int>(roundeven(smax(1.0, smin(near_km * height / size_km, most))));
+    sweep.first = static_cast<int>(roundtoeven(smax(1.0, smin(near_km * height / size_km, most))));
     for (int c = 1; c <= sweep.samples; ++c) {
         const double d_m = sweep.step_m * c;
         sweep.drop_m.push_back(d_m * d_m * earthdrop);

@@ -94,7 +94,7 @@ bool ll2pic(const Picture& picture, float lon, float lat, float& x, float& y)
         at = infourcorners(picture, wrapped, static_cast<double>(lat));
     if (!std::isfinite(at.u) || !std::isfinite(at.v))
         return false;
-    x = static_cast<float>(roundeven(at.u * (picture.scalewidth - 1)));
-    y = static_cast<float>(roundeven(at.v * (picture.scaleheight - 1)));
+    x = static_cast<float>(roundtoeven(at.u * (picture.scalewidth - 1)));
+    y = static_cast<float>(roundtoeven(at.v * (picture.scaleheight - 1)));
     return inside(at.u) && inside(at.v);
 }

@@ -63,7 +63,7 @@ template <typename T> bool fits(double value)
 /// A whole number of the sidecar; one that doesn't fit leaves its target.
 template <typename T> void assign(T& target, float value)
 {
-    const double whole = roundeven(static_cast<double>(value));
+    const double whole = roundtoeven(static_cast<double>(value));
     if (fits<T>(whole))
         target = static_cast<T>(whole);
 }
@@ -93,7 +93,7 @@ void readfields(FieldReader& fields, Picture& picture, Values& values)
     const auto first = fields.line();
     if (!first)
         return;
-    const double kind = roundeven(leadingnumber(*first));
+    const double kind = roundtoeven(leadingnumber(*first));
     if (!fits<std::int16_t>(kind))
         return;
     picture.Pictype = static_cast<std::int16_t>(kind);

@@ -111,7 +111,7 @@ std::string gaintext(const StationNames& names, const Link& link)
 
 std::string margintext(double margin)
 {
-    const double rounded = roundeven(margin);
+    const double rounded = roundtoeven(margin);
     std::string text = "La pire réception ";
     if (rounded < 0)
         text += "est " + decibels(std::abs(margin)) + " sous le ";

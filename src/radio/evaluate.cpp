@@ -73,7 +73,7 @@ bool linkable(const Net& net, const UnitPair& pair)
 /// Enters a margin in dB into both cells of a pair. What is no number counts as no signal.
 void entermargin(double margin_db, int net, const UnitPair& pair, QualityTable& table)
 {
-    const double rounded = roundeven(margin_db);
+    const double rounded = roundtoeven(margin_db);
     int signal = 1;
     if (rounded > 1 - direct)
         signal = rounded < 99 - direct ? static_cast<int>(rounded) + direct : 99;

@@ -58,7 +58,7 @@ int heldround(double value, int low, int high)
 {
     if (!(value > low))
         return low;
-    return value < high ? static_cast<int>(roundeven(value)) : high;
+    return value < high ? static_cast<int>(roundtoeven(value)) : high;
 }
 } // namespace
 

@@ -47,8 +47,8 @@ void cutsamples(const MapGrid& map, const CellPosition& start, double dx, double
     std::int16_t lowest = 9999;
     std::int16_t highest = -1000;
     for (int i = 0; i <= n; ++i) {
-        const int column = static_cast<int>(roundeven(start.column + i * dx / n));
-        const int row = static_cast<int>(roundeven(start.row + i * dy / n));
+        const int column = static_cast<int>(roundtoeven(start.column + i * dx / n));
+        const int row = static_cast<int>(roundtoeven(start.row + i * dy / n));
         const std::int16_t elevation = map.at(column, row);
         profile.sample(i) = elevation;
         lowest = smin(lowest, elevation);
@@ -91,7 +91,7 @@ int cutprofile(const MapGrid& map, const Unit& a, const Unit& b, Profile& profil
     const double dy = end.row - start.row;
     profile.azim = azimuth(dy, dx) / degree;
     const double cells = std::sqrt(dx * dx + dy * dy);
-    const int n = static_cast<int>(roundeven(smin(cells, double{maxlinkintervals})));
+    const int n = static_cast<int>(roundtoeven(smin(cells, double{maxlinkintervals})));
     if (n == 0)
         return 0;
     cutsamples(map, start, dx, dy, n, profile);

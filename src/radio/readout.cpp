@@ -56,7 +56,7 @@ LinkReadout readlink(const LinkStudy& study, const NetworkTables& tables, const 
     const double f = readout.x / n;
     const double d_km = n * profile.spacing_m / 1000;
     readout.km = f * d_km;
-    const int i = static_cast<int>(roundeven(readout.x));
+    const int i = static_cast<int>(roundtoeven(readout.x));
     const double ray =
         (link.record.h2 + profile.sample(n)) * f + (link.record.h1 + profile.sample(0)) * (1 - f);
     const double clearance = ray - profile.sample(i);

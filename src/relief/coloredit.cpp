@@ -76,7 +76,7 @@ void relativescale(ColorEdit& edit, float floor, float ceiling)
     const auto low = static_cast<double>(floor);
     const auto high = static_cast<double>(ceiling);
     for (std::size_t i = 0; i < edit.values.size(); ++i)
-        edit.values[i] = wholenumber(roundeven((high - low) * static_cast<double>(i) / 10 + low));
+        edit.values[i] = wholenumber(roundtoeven((high - low) * static_cast<double>(i) / 10 + low));
     edit.absolutescale = 0;
 }
 
@@ -94,7 +94,7 @@ std::int16_t levelof(const std::string& value, bool& inbounds)
     using limits = std::numeric_limits<std::int16_t>;
     const FieldCheck check = checkfield(limits::min(), limits::max(), value);
     inbounds = check.inbounds;
-    return static_cast<std::int16_t>(roundeven(check.value));
+    return static_cast<std::int16_t>(roundtoeven(check.value));
 }
 
 void applycolors(const ColorEdit& edit, bool withlevels, Colours& table)

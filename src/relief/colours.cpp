@@ -53,7 +53,7 @@ bool readword(LineReader& lines, std::int16_t& value)
     const auto line = lines.next();
     if (!line)
         return false;
-    const double number = roundeven(leadingnumber(*line));
+    const double number = roundtoeven(leadingnumber(*line));
     if (!(std::abs(number) <= std::numeric_limits<std::int16_t>::max()))
         return false;
     value = static_cast<std::int16_t>(number);
@@ -107,7 +107,7 @@ void relativelevels(float floor, float ceiling, std::array<std::int16_t, 11>& le
     const auto low = static_cast<double>(floor);
     const auto high = static_cast<double>(ceiling);
     for (std::size_t i = 0; i < levels.size(); ++i) {
-        const double level = roundeven((high - low) * static_cast<double>(i) / 10 + low);
+        const double level = roundtoeven((high - low) * static_cast<double>(i) / 10 + low);
         if (std::abs(level) <= std::numeric_limits<std::int16_t>::max())
             levels[i] = static_cast<std::int16_t>(level);
     }

@@ -37,7 +37,7 @@ static float nearestcell(float position, float from, float to, int upper)
 {
     const double share = (static_cast<double>(position) - static_cast<double>(from)) /
                          (static_cast<double>(to) - static_cast<double>(from));
-    return static_cast<float>(roundeven(share * upper));
+    return static_cast<float>(roundtoeven(share * upper));
 }
 
 bool maplookup(const MapGrid& map, float lon, float lat, float& x, float& y, float& elev)

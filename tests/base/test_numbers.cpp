@@ -179,8 +179,8 @@ TEST(SmallerAndLarger, GiveTheSecondOnATie)
 
 TEST(RoundEven, TakesTheEvenNeighbourOnATie)
 {
-    EXPECT_EQ(roundeven(0.5), 0);
-    EXPECT_EQ(roundeven(1.5), 2);
-    EXPECT_EQ(roundeven(-2.5), -2);
-    EXPECT_EQ(roundeven(2.500001), 3);
+    EXPECT_EQ(roundtoeven(0.5), 0);
+    EXPECT_EQ(roundtoeven(1.5), 2);
+    EXPECT_EQ(roundtoeven(-2.5), -2);
+    EXPECT_EQ(roundtoeven(2.500001), 3);
 }

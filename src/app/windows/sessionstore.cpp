@@ -71,7 +71,7 @@ template <typename T> static void readlenient(const char* key, const char* other
 {
     const double number = leadingnumber(getsetting(key, otherwise));
     if constexpr (std::is_integral_v<T>) {
-        const double whole = roundeven(number);
+        const double whole = roundtoeven(number);
         if (whole >= double(std::numeric_limits<T>::min()) &&
             whole <= double(std::numeric_limits<T>::max()))
             value = static_cast<T>(whole);

@@ -17,7 +17,7 @@ namespace
 int pixels(double length)
 {
     constexpr double longest = std::numeric_limits<std::int16_t>::max();
-    return static_cast<int>(std::clamp(roundeven(length), 1.0, longest));
+    return static_cast<int>(std::clamp(roundtoeven(length), 1.0, longest));
 }
 
 /// Stretches a part over a larger image so that the middles of its outermost pixels come to lie in

@@ -122,7 +122,8 @@ void ProfilePainting::paintzones()
 QColor terraincolour(const LinkStudy& study, int i)
 {
     constexpr double margin_db = 3;
-    const double level_db = study.net > 0 ? roundeven(study.link.gain12 - study.link.lossat(i)) : 0;
+    const double level_db =
+        study.net > 0 ? roundtoeven(study.link.gain12 - study.link.lossat(i)) : 0;
     if (level_db >= margin_db)
         return brightgreen;
     return level_db >= -margin_db ? yellow : brightred;

@@ -11,7 +11,7 @@ void paintsmeter(float level, const QSizeF& size, QPainter& painter)
     constexpr QColor panel{24, 27, 32};
     constexpr int boxes = 12;
     constexpr int lastsunit = 9;
-    const double v = roundeven(double{level});
+    const double v = roundtoeven(double{level});
     const GraphScale scale{0, 195, 0, 11};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -279,13 +279,13 @@ static constexpr double mostpixels = 2000;
 
 void frmMapPro::takewidth()
 {
-    W = static_cast<std::int16_t>(roundeven(takefield(widthfield, leastpixels, mostpixels)));
+    W = static_cast<std::int16_t>(roundtoeven(takefield(widthfield, leastpixels, mostpixels)));
     updatesize();
 }
 
 void frmMapPro::takeheight()
 {
-    H = static_cast<std::int16_t>(roundeven(takefield(heightfield, leastpixels, mostpixels)));
+    H = static_cast<std::int16_t>(roundtoeven(takefield(heightfield, leastpixels, mostpixels)));
     updatesize();
 }
 
