@@ -25,7 +25,7 @@ Hooks::Hooks()
       openpictures([] { return std::vector<std::string>(); }),
       placepicture([](const std::string&, const float*, const float*) {}),
       drawmap([](const std::string&) {}), mapchanged([] {}), netsloaded([] {}),
-      viewtext([](const std::string&) {})
+      unitmoved([](int) {}), viewtext([](const std::string&) {})
 {
 }
 

@@ -51,6 +51,8 @@ struct Hooks {
     std::function<void()> mapchanged;
     /// A network was read: its links must be evaluated.
     std::function<void()> netsloaded;
+    /// A station was moved by itself, without its links: it is drawn alone.
+    std::function<void(int unit)> unitmoved;
     /// Opens a text file in the desktop's own viewer.
     std::function<void(const std::string& path)> viewtext;
 

@@ -38,7 +38,7 @@ UseCounts countused(const NetworkTables& tables)
         for (int unit = 1; unit <= MAXUNIT; ++unit) {
             if (tables.nets[n].ismember(unit)) {
                 used = true;
-                systems.insert(tables.nets[n].system[static_cast<std::size_t>(unit)]);
+                systems.insert(tables.nets[n].systemof(unit));
             }
         }
         counts.nets += used ? 1 : 0;

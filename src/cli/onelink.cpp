@@ -96,8 +96,8 @@ void runlink(const LinkArguments& arguments)
 void runlosses(const LinkArguments& arguments)
 {
     const LinkSlots slots = openlink(arguments);
-    const Unit& left = network.units[static_cast<std::size_t>(slots.a)];
-    const Unit& right = network.units[static_cast<std::size_t>(slots.b)];
+    const Unit& left = unitat(slots.a);
+    const Unit& right = unitat(slots.b);
     Link link;
     const int n = cutprofile(mapgrid, left, right, link.profile);
     if (n < 1)
@@ -105,8 +105,7 @@ void runlosses(const LinkArguments& arguments)
     setends(left, right, link.profile);
     if (slots.net > 0) {
         setlink(network, slots.a, slots.b, slots.net, link);
-        linkmargin(network.nets[static_cast<std::size_t>(slots.net)], false,
-                   arguments.options.mode(), link);
+        linkmargin(netat(slots.net), false, arguments.options.mode(), link);
     }
     NumberTable table({"i", "distance_m", "elevation_m", "loss_db"});
     for (int i = 0; i <= n; ++i) {

@@ -32,8 +32,8 @@ std::string metres(float value)
 
 std::string heading(const NetworkTables& tables, int unit, int net)
 {
-    const Unit& station = tables.units[static_cast<std::size_t>(unit)];
-    const auto& netname = tables.nets[static_cast<std::size_t>(net)].name.bytes;
+    const Unit& station = tables.unit(unit);
+    const auto& netname = tables.net(net).name.bytes;
     float lon = station.lon;
     float lat = station.lat;
     std::string text = std::string("HAAT, hauteur au dessus du sol moyen") + lineend;
@@ -86,7 +86,7 @@ HaatReport haattext(const NetworkTables& tables, const MapGrid& map, int unit, i
     HaatReport report;
     if (!isslot(unit, MAXUNIT) || !isslot(net, MAXNET))
         return report;
-    const Unit& station = tables.units[static_cast<std::size_t>(unit)];
+    const Unit& station = tables.unit(unit);
     report.text = heading(tables, unit, net);
     if (!(std::abs(station.lat) < 90))
         return report;

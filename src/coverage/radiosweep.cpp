@@ -97,8 +97,8 @@ std::optional<RadioSweep> preparesweep(const NetworkTables& tables, const MapGri
     sweep.order = order;
     sweep.centre = centre;
     sweep.interference = interference;
-    sweep.net = tables.nets[static_cast<std::size_t>(order.net)];
-    sweep.elevation_m = tables.units[static_cast<std::size_t>(order.centre)].elevation;
+    sweep.net = tables.net(order.net);
+    sweep.elevation_m = tables.unit(order.centre).elevation;
     setgeometry(map, sweep);
     if (!(sweep.d_cells > 0))
         return std::nullopt;
@@ -108,9 +108,8 @@ std::optional<RadioSweep> preparesweep(const NetworkTables& tables, const MapGri
     sweep.gain_db = order.mobiletransmits ? sweep.link.gain21 : sweep.link.gain12;
     sweep.freq_mhz = static_cast<float>(sweep.link.record.freq);
     const int receiver = order.mobiletransmits ? order.centre : order.mobile;
-    const std::size_t slot = sweep.net.system[static_cast<std::size_t>(receiver)];
-    const float threshold_dbm =
-        isslot(static_cast<int>(slot), MAXSYSTEM) ? tables.systems[slot].threshold : 0;
+    const int slot = sweep.net.systemof(receiver);
+    const float threshold_dbm = isslot(slot, MAXSYSTEM) ? tables.system(slot).threshold : 0;
     sweep.margins = levelmargins(order.unit, order.levels, order.rainbow, sweep.link.record.freq,
                                  threshold_dbm);
     return sweep;

@@ -3,6 +3,7 @@
 #include "base/textcodec.h"
 
 #include <array>
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -17,6 +18,13 @@ inline constexpr std::uint8_t memberbit = 128;
 inline constexpr std::int16_t visiblebit = 256;
 
 inline constexpr std::uint8_t noicon = 255;
+
+/// Record of a table by the number of its slot. A number outside the table is a programmer's error.
+template <typename Table> constexpr auto& slotat(Table& table, int number)
+{
+    assert(number >= 0 && static_cast<std::size_t>(number) < table.size());
+    return table[static_cast<std::size_t>(number)];
+}
 
 /// A station.
 struct Unit {
@@ -68,11 +76,10 @@ struct Net {
     std::int16_t topology = 256;                    ///< low byte: Topology; plus `visiblebit`
     FixedText<30> name;
 
-    bool ismember(int unit) const
-    {
-        return (member[static_cast<std::size_t>(unit)] & memberbit) != 0;
-    }
-    int role(int unit) const { return member[static_cast<std::size_t>(unit)] & 127; }
+    bool ismember(int unit) const { return (slotat(member, unit) & memberbit) != 0; }
+    int role(int unit) const { return slotat(member, unit) & 127; }
+    /// Slot of the system that the net gives a station; a file may hold one outside the table.
+    int systemof(int unit) const { return slotat(system, unit); }
     Topology kind() const { return static_cast<Topology>(topology & 255); }
     bool active() const { return topology >= visiblebit; }
     bool operator==(const Net&) const = default;
@@ -110,11 +117,36 @@ struct NetworkTables {
     std::array<std::array<float, MAXUNIT + 1>, MAXNET + 1> antheights{};
     std::array<std::uint8_t, MAXUNIT + 1> icons{}; ///< position in the icon list; 255: none
 
+    Unit& unit(int number) { return slotat(units, number); }
+    const Unit& unit(int number) const { return slotat(units, number); }
+    RadioSystem& system(int number) { return slotat(systems, number); }
+    const RadioSystem& system(int number) const { return slotat(systems, number); }
+    Net& net(int number) { return slotat(nets, number); }
+    const Net& net(int number) const { return slotat(nets, number); }
+    /// Private antenna height of a station in a net, m.
+    float& height(int net, int unit) { return slotat(slotat(antheights, net), unit); }
+    float height(int net, int unit) const { return slotat(slotat(antheights, net), unit); }
+    std::uint8_t& icon(int unit) { return slotat(icons, unit); }
+    std::uint8_t icon(int unit) const { return slotat(icons, unit); }
+
     bool operator==(const NetworkTables&) const = default;
 };
 
 /// The tables of the run.
 extern NetworkTables network;
+/// Their records by number, from 1.
+inline Unit& unitat(int number)
+{
+    return network.unit(number);
+}
+inline RadioSystem& systemat(int number)
+{
+    return network.system(number);
+}
+inline Net& netat(int number)
+{
+    return network.net(number);
+}
 /// True from the opening of the network dialog until the network is saved or replaced.
 extern bool netdirty;
 

@@ -148,8 +148,8 @@ void writetexts(const StationNames& names, const Link& link, LinkAnalysis& analy
 bool analyselink(const NetworkTables& tables, const MapGrid& map, int unitA, int unitB, int net,
                  const AnalysisOptions& options, Link& link, LinkAnalysis& analysis)
 {
-    const Unit& left = tables.units[static_cast<std::size_t>(unitA)];
-    const Unit& right = tables.units[static_cast<std::size_t>(unitB)];
+    const Unit& left = tables.unit(unitA);
+    const Unit& right = tables.unit(unitB);
     analysis.minclear = noclearance;
     analysis.minclearkm = 0;
     if (cutprofile(map, left, right, link.profile) < 1)
@@ -162,8 +162,7 @@ bool analyselink(const NetworkTables& tables, const MapGrid& map, int unitA, int
     analysis.crossing.reset();
     if (withnet) {
         setlink(tables, unitA, unitB, net, link);
-        analysis.margin = linkmargin(tables.nets[static_cast<std::size_t>(net)], false,
-                                     options.interference, link);
+        analysis.margin = linkmargin(tables.net(net), false, options.interference, link);
         analysis.earth = earthfactor(link.record.ns);
         analysis.crossing = horizoncrossing(link);
     } else {

@@ -48,8 +48,8 @@ std::optional<Distribution> distribution(const NetworkTables& tables, const MapG
                                          LinkStudy& study)
 {
     Link& link = study.link;
-    const Unit& left = tables.units[static_cast<std::size_t>(a)];
-    const Unit& right = tables.units[static_cast<std::size_t>(b)];
+    const Unit& left = tables.unit(a);
+    const Unit& right = tables.unit(b);
     if (!study.done || net < 1)
         return std::nullopt;
     if (cutprofile(map, left, right, link.profile) < 1)

@@ -9,7 +9,6 @@
 #include <vector>
 
 QualityTable quality;
-bool moved = false;
 
 namespace
 {
@@ -38,7 +37,7 @@ bool takespart(const Net& net, bool allnets)
 
 bool enabled(const NetworkTables& tables, int unit)
 {
-    return tables.units[static_cast<std::size_t>(unit)].enabled != 0;
+    return tables.unit(unit).enabled != 0;
 }
 
 std::vector<UnitPair> enabledpairs(const NetworkTables& tables)
@@ -86,11 +85,11 @@ void entermargin(double margin_db, int net, const UnitPair& pair, QualityTable& 
 void evaluatepair(const NetworkTables& tables, const MapGrid& map, bool allnets,
                   std::int16_t interference, const UnitPair& pair, Link& link, QualityTable& table)
 {
-    const Unit& left = tables.units[static_cast<std::size_t>(pair.a)];
-    const Unit& right = tables.units[static_cast<std::size_t>(pair.b)];
+    const Unit& left = tables.unit(pair.a);
+    const Unit& right = tables.unit(pair.b);
     bool cut = false;
     for (int n = 1; n <= MAXNET; ++n) {
-        const Net& net = tables.nets[static_cast<std::size_t>(n)];
+        const Net& net = tables.net(n);
         if (!takespart(net, allnets) || !linkable(net, pair))
             continue;
         if (!cut) {
@@ -138,7 +137,7 @@ class Reachability
 public:
     Reachability(const NetworkTables& tables, int netnumber, const QualityTable& table)
     {
-        const Net& net = tables.nets[static_cast<std::size_t>(netnumber)];
+        const Net& net = tables.net(netnumber);
         for (int unit = 1; unit <= MAXUNIT; ++unit) {
             if (!net.ismember(unit) || !enabled(tables, unit))
                 continue;
@@ -256,7 +255,7 @@ void evaluatedirect(const NetworkTables& tables, const MapGrid& map, bool allnet
 
 void addretransmissions(const NetworkTables& tables, int netnumber, QualityTable& table)
 {
-    const Net& net = tables.nets[static_cast<std::size_t>(netnumber)];
+    const Net& net = tables.net(netnumber);
     int hops = 0;
     int relayrole = 0;
     switch (net.kind()) {
@@ -286,7 +285,7 @@ void evaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
     table.clear();
     evaluatedirect(tables, map, allnets, interference, table);
     for (int n = 1; n <= MAXNET; ++n)
-        if (takespart(tables.nets[static_cast<std::size_t>(n)], allnets))
+        if (takespart(tables.net(n), allnets))
             addretransmissions(tables, n, table);
 }
 
@@ -296,7 +295,7 @@ void reevaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
     clearunit(unit, table);
     evaluatepairs(tables, map, allnets, interference, pairsof(tables, unit), table);
     for (int n = 1; n <= MAXNET; ++n)
-        if (takespart(tables.nets[static_cast<std::size_t>(n)], allnets)) {
+        if (takespart(tables.net(n), allnets)) {
             keepdirect(n, table);
             addretransmissions(tables, n, table);
         }
@@ -316,7 +315,7 @@ int lineclass(const NetworkTables& tables, const QualityTable& table,
     const LineRules rules(linestyle);
     int best = 0;
     for (int n = 1; n <= MAXNET; ++n) {
-        const Net& net = tables.nets[static_cast<std::size_t>(n)];
+        const Net& net = tables.net(n);
         const int signal = table.at(n, a, b);
         if (!net.active() || signal == 0)
             continue;

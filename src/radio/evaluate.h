@@ -29,8 +29,6 @@ private:
 
 /// Table of the last `evalnets`.
 extern QualityTable quality;
-/// A station has another place than in that table: the main timer has the nets drawn anew.
-extern bool moved;
 
 /// First phase: margins of all pairs, on all threads. Results don't depend on their number.
 ///   allnets  evaluate nets that are not active, too

@@ -59,8 +59,8 @@ std::string profiletext(const LinkStudy& study, const Profile& profile)
 bool exportprofile(const std::string& filename, const NetworkTables& tables, const MapGrid& map,
                    int a, int b, int net, const AnalysisOptions& options, std::string* why)
 {
-    const Unit& left = tables.units[static_cast<std::size_t>(a)];
-    const Unit& right = tables.units[static_cast<std::size_t>(b)];
+    const Unit& left = tables.unit(a);
+    const Unit& right = tables.unit(b);
     LinkStudy study;
     studylink(tables, map, a, b, net, options, study);
     // The study has the bulge on its profile.

@@ -20,9 +20,8 @@ constexpr double urbanfloor_db = 1;
 /// The system that a net gives a station; none when its slot number is outside the table.
 const RadioSystem* systemof(const NetworkTables& tables, int net, int unit)
 {
-    const std::size_t slot =
-        tables.nets[static_cast<std::size_t>(net)].system[static_cast<std::size_t>(unit)];
-    return slot >= 1 && slot <= MAXSYSTEM ? &tables.systems[slot] : nullptr;
+    const int slot = tables.net(net).systemof(unit);
+    return slot >= 1 && slot <= MAXSYSTEM ? &tables.system(slot) : nullptr;
 }
 
 /// Level in dBm at the receiver without path loss, above the receiver's threshold.
@@ -64,8 +63,7 @@ int heldround(double value, int low, int high)
 
 float antheight(const NetworkTables& tables, int net, int unit)
 {
-    const float own =
-        tables.antheights[static_cast<std::size_t>(net)][static_cast<std::size_t>(unit)];
+    const float own = tables.height(net, unit);
     if (own != 0)
         return own;
     const RadioSystem* system = systemof(tables, net, unit);
@@ -80,7 +78,7 @@ void setlink(const NetworkTables& tables, int unitA, int unitB, int net, Link& t
     target.gain12 = known ? systemgain(*systemA, *systemB) : 0;
     target.gain21 = known ? systemgain(*systemB, *systemA) : 0;
 
-    const Net& source = tables.nets[static_cast<std::size_t>(net)];
+    const Net& source = tables.net(net);
     LRRecord& record = target.record;
     record.ns = double{source.refractivity};
     record.pol = source.polarisation;

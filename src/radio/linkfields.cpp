@@ -8,9 +8,8 @@ namespace
 {
 const RadioSystem& systemof(const NetworkTables& tables, int net, int unit)
 {
-    const Net& found = tables.nets[static_cast<std::size_t>(net)];
-    return tables
-        .systems[smin<std::size_t>(found.system[static_cast<std::size_t>(unit)], MAXSYSTEM)];
+    const Net& found = tables.net(net);
+    return tables.system(smin(found.systemof(unit), MAXSYSTEM));
 }
 
 std::string rolename(const Net& net, int unit)
@@ -23,7 +22,7 @@ std::string rolename(const Net& net, int unit)
 StationFields commonfields(const NetworkTables& tables, int net, int unit)
 {
     StationFields fields;
-    fields.rows[0] = rolename(tables.nets[static_cast<std::size_t>(net)], unit);
+    fields.rows[0] = rolename(tables.net(net), unit);
     fields.rows[1] = systemof(tables, net, unit).name.text();
     fields.height = formatnumber("0.0", double{antheight(tables, net, unit)});
     return fields;

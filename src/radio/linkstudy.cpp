@@ -8,8 +8,8 @@ bool studylink(const NetworkTables& tables, const MapGrid& map, int a, int b, in
     study.a = a;
     study.b = b;
     study.net = smax(net, 0);
-    study.namea = tables.units[static_cast<std::size_t>(a)].name.text();
-    study.nameb = tables.units[static_cast<std::size_t>(b)].name.text();
+    study.namea = tables.unit(a).name.text();
+    study.nameb = tables.unit(b).name.text();
     study.done = analyselink(tables, map, a, b, study.net, options, study.link, study.analysis);
     return study.done;
 }

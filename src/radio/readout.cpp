@@ -70,7 +70,6 @@ LinkReadout readlink(const LinkStudy& study, const NetworkTables& tables, const 
             readout.text += formatnumber("0.0", std::abs(clearance) / radius) + "F1  ";
         readlevels(link, loss, readout);
     }
-    readplace(tables.units[static_cast<std::size_t>(study.a)],
-              tables.units[static_cast<std::size_t>(study.b)], map, f, readout);
+    readplace(tables.unit(study.a), tables.unit(study.b), map, f, readout);
     return readout;
 }

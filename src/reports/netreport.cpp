@@ -148,7 +148,7 @@ std::vector<int> enabledmembers(const NetworkTables& tables, const Net& net)
 {
     std::vector<int> members;
     for (int unit = 1; unit <= MAXUNIT; ++unit)
-        if (tables.units[static_cast<std::size_t>(unit)].enabled != 0 && net.ismember(unit))
+        if (tables.unit(unit).enabled != 0 && net.ismember(unit))
             members.push_back(unit);
     return members;
 }
@@ -218,23 +218,22 @@ void writemember(ReportWriter& out, const ReportedNet& reported, std::size_t k)
 {
     const NetworkTables& tables = *reported.sources->tables;
     const int unit = reported.members[k - 1];
-    const auto index = static_cast<std::size_t>(unit);
     out.endline();
-    out.write(firstcharacters(tables.units[index].name.text(), namewidth));
+    out.write(firstcharacters(tables.unit(unit).name.text(), namewidth));
     out.writeat(numbercolumn, formatnumber("00", static_cast<double>(k)));
     for (std::size_t m = 1; m <= reported.members.size(); ++m)
         if (m != k)
             writecell(out, reported, m, unit, reported.members[m - 1]);
 
     const int role = reported.net->role(unit);
-    const std::size_t slot = reported.net->system[index];
+    const int slot = reported.net->systemof(unit);
     if (role < static_cast<int>(reported.names.roles.size()))
         out.writeat(reported.lastcolumn() + 29,
                     reported.names.roles[static_cast<std::size_t>(role)], detail);
     out.writeat(reported.lastcolumn() + 42,
                 formatnumber("0.0m", double{antheight(tables, reported.number, unit)}), detail);
     if (slot >= 1 && slot <= MAXSYSTEM)
-        out.writeat(reported.lastcolumn() + 52, tables.systems[slot].name.text(), detail);
+        out.writeat(reported.lastcolumn() + 52, tables.system(slot).name.text(), detail);
 }
 
 const char* legend(ReportScale scale)
@@ -278,7 +277,7 @@ ReportLines netreportlines(const ReportSources& sources, int first, int last, Re
         writesection(out, "Réseaux actifs");
     }
     for (int n = first; n <= last; ++n) {
-        const Net& net = tables.nets[static_cast<std::size_t>(n)];
+        const Net& net = tables.net(n);
         const ReportedNet reported{
             &sources, n, &net, rolenames(net.topology & 255), enabledmembers(tables, net), scale};
         if (!reported.members.empty())

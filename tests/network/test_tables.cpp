@@ -28,6 +28,21 @@ TEST(Tables, ANewNetworkHasAllSlotsWithTheirDefaults)
     EXPECT_EQ(tables.nets[1].kind(), Topology::voice);
 }
 
+TEST(Tables, SlotsAreReachedByTheirNumber)
+{
+    network = defaulttables();
+    EXPECT_EQ(unitat(50).name.text(), "Station 50");
+    EXPECT_EQ(systemat(7).name.text(), "Système 07");
+    EXPECT_EQ(netat(25).name.text(), "Réseau 25");
+    network.height(3, 50) = 12;
+    network.icon(50) = noicon;
+    netat(3).system[50] = 9;
+    EXPECT_EQ(network.antheights[3][50], 12);
+    EXPECT_EQ(network.icons[50], noicon);
+    EXPECT_EQ(netat(3).systemof(50), 9);
+    network = {};
+}
+
 TEST(Tables, AMemberByteHoldsMembershipAndRole)
 {
     Net net;

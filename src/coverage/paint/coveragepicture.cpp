@@ -127,7 +127,7 @@ bool covpicture(OpenPicture& picture)
 
 bool sweepcentre(const OpenPicture& picture, int unit, SweepCentre& centre)
 {
-    const Unit& station = network.units[static_cast<std::size_t>(unit)];
+    const Unit& station = unitat(unit);
     float x = 0;
     float y = 0;
     if (!ll2pic(picture.data, station.lon, station.lat, x, y))

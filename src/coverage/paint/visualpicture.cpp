@@ -25,7 +25,7 @@ double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std:
     SweepCentre centre;
     if (unit < 1 || unit > MAXUNIT || !sweepcentre(picture, unit, centre))
         return 0;
-    const float ground_m = network.units[static_cast<std::size_t>(unit)].elevation;
+    const float ground_m = unitat(unit).elevation;
     const auto sweep = prepareview(mapgrid, order, centre, ground_m);
     if (!sweep)
         return 0;

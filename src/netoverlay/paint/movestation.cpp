@@ -5,17 +5,13 @@
 #include "base/operation.h"
 #include "coordinates/positiontexts.h"
 #include "netoverlay/paint/overlay.h"
+#include "network/moveunit.h"
 #include "radio/evaluate.h"
 #include "radio/link.h"
 #include "terrain/mapgrid.h"
 
 namespace
 {
-
-Unit& unitat(int number)
-{
-    return network.units[static_cast<std::size_t>(number)];
-}
 
 void redrawlinks(int unit)
 {
@@ -33,27 +29,6 @@ void tellplace(const Unit& unit)
 }
 
 } // namespace
-
-void placeunit(int number, float lon, float lat)
-{
-    Unit& unit = unitat(number);
-    float x = 0;
-    float y = 0;
-    float elevation = 0;
-    if (!maplookup(lon, lat, x, y, elevation))
-        elevation = 0;
-    unit.lon = lon;
-    unit.lat = lat;
-    unit.elevation = elevation;
-}
-
-void moveunit(float lon, float lat)
-{
-    placeunit(selection.curunit, lon, lat);
-    drawstations(selection.curunit, true);
-    moved = true;
-    picturehooks.stationmoved(selection.curunit, true);
-}
 
 void redrawmoved()
 {

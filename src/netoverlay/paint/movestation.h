@@ -2,13 +2,6 @@
 
 #include "network/tables.h"
 
-/// Puts a station at a position, degrees, on the ground of the map; off the map it lies at 0 m.
-void placeunit(int unit, float lon, float lat);
-
-/// Puts the current station (`selection.curunit`) at a position, degrees, and draws it alone; the
-/// main timer draws the nets again.
-void moveunit(float lon, float lat);
-
 /// A step of the main timer: draws the nets again when a station has moved and nothing else runs.
 void redrawmoved();
 

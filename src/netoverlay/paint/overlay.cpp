@@ -26,11 +26,6 @@ float toplevel = 0;
 namespace
 {
 
-const Unit& unitat(int number)
-{
-    return network.units[static_cast<std::size_t>(number)];
-}
-
 /// Pictures that carry stations and links.
 bool isflat(const OpenPicture& picture)
 {
@@ -70,7 +65,7 @@ StationDrawing makestation(int number, const QPoint& at)
                            {}};
     const QFontMetrics metrics(labelfont());
     station.label = QRect(at, QSize(metrics.horizontalAdvance(station.name), metrics.height()));
-    const std::size_t icon = network.icons[static_cast<std::size_t>(number)];
+    const std::size_t icon = network.icon(number);
     if (icon != noicon && !stationicons.empty()) {
         station.icon = stationicons[std::min(icon, stationicons.size() - 1)];
         const QSize size = station.icon.size();
@@ -288,5 +283,9 @@ void shownetwork()
 void connectnetoverlay()
 {
     hooks.erasenets = erasenets;
+    hooks.unitmoved = [](int unit) {
+        drawstations(unit, true);
+        picturehooks.stationmoved(unit, true);
+    };
     picturehooks.drawnetsover = [](OpenPicture& picture) { paintnets(picture); };
 }

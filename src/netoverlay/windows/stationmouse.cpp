@@ -2,6 +2,7 @@
 
 #include "base/hooks.h"
 #include "netoverlay/paint/overlay.h"
+#include "network/moveunit.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/cursor.h"
 
@@ -18,7 +19,7 @@ namespace
 
 std::string stationname(int unit)
 {
-    return unit == 0 ? "..." : network.units[static_cast<std::size_t>(unit)].name.text();
+    return unit == 0 ? "..." : unitat(unit).name.text();
 }
 
 const StationMark& markof(const OpenPicture& picture, int unit)

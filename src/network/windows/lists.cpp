@@ -17,8 +17,7 @@ void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none
 {
     list.clear();
     for (const int n : nets)
-        list.addItem(QString::fromStdString(network.nets[static_cast<std::size_t>(n)].name.text()),
-                     n);
+        list.addItem(QString::fromStdString(netat(n).name.text()), n);
     if (list.count() == 0)
         list.addItem(none, 0);
     list.setCurrentIndex(std::max(0, list.findData(selection.linknet)));

@@ -39,11 +39,6 @@ AnalysisOptions options()
 {
     return {interf, session.defh1, session.defh2};
 }
-
-const Unit& unitat(int number)
-{
-    return network.units[static_cast<std::size_t>(number)];
-}
 } // namespace
 
 frmLink::frmLink(QWidget* parent) : QDialog(parent, Qt::Window)
@@ -233,7 +228,7 @@ void frmLink::applyheight(bool left, const QString& typed)
     const int net = chosennet();
     if (net > 0) {
         const int unit = left ? transmitter() : receiver();
-        network.antheights[static_cast<std::size_t>(net)][static_cast<std::size_t>(unit)] = height;
+        network.height(net, unit) = height;
     } else {
         (left ? session.defh1 : session.defh2) = height;
     }

@@ -1,4 +1,5 @@
 #include "netoverlay/paint/movestation.h"
+#include "network/moveunit.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/cursor.h"
 #include "pictures/paint/picturetest.h"
@@ -52,22 +53,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(MoveStation, AStationLiesOnTheGroundOfTheMap)
-{
-    placeunit(2, 7.25F, 44.75F);
-    EXPECT_EQ(network.units[2].lon, 7.25F);
-    EXPECT_EQ(network.units[2].lat, 44.75F);
-    EXPECT_EQ(network.units[2].elevation, mapgrid.at(50, 150));
-}
-
-TEST_F(MoveStation, OffTheMapAStationLiesAtSeaLevel)
-{
-    network.units[2].elevation = 500;
-    placeunit(2, 20, 44.75F);
-    EXPECT_EQ(network.units[2].lon, 20);
-    EXPECT_EQ(network.units[2].elevation, 0);
-}
 
 TEST_F(MoveStation, TheCurrentStationIsDrawnAloneAndTheTimerDrawsTheRest)
 {

@@ -1,0 +1,27 @@
+#include "network/moveunit.h"
+
+#include "base/hooks.h"
+#include "network/tables.h"
+#include "terrain/mapgrid.h"
+
+bool moved = false;
+
+void placeunit(int number, float lon, float lat)
+{
+    Unit& unit = unitat(number);
+    float x = 0;
+    float y = 0;
+    float elevation = 0;
+    if (!maplookup(lon, lat, x, y, elevation))
+        elevation = 0;
+    unit.lon = lon;
+    unit.lat = lat;
+    unit.elevation = elevation;
+}
+
+void moveunit(float lon, float lat)
+{
+    placeunit(selection.curunit, lon, lat);
+    moved = true;
+    hooks.unitmoved(selection.curunit);
+}
