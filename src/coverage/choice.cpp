@@ -2,6 +2,8 @@
 
 #include "base/numbers.h"
 #include "base/settings.h"
+#include "coverage/pattern.h"
+#include "network/unsaved.h"
 
 CoverageChoice coveragechoice;
 std::array<float, 11> rainbowlevel{};
@@ -56,6 +58,23 @@ CoverageParams shownparams(const CoverageParams& params)
 CoverageParams heldparams(const CoverageParams& params)
 {
     return heldwithin(359.9F, 360, params);
+}
+
+/// Parameters as the fields show them, with the pattern that an empty name stands for.
+static CoverageParams comparable(const CoverageParams& params)
+{
+    CoverageParams shown = shownparams(params);
+    if (shown.antfile.text().empty())
+        shown.antfile.assign(omnipattern);
+    return shown;
+}
+
+void storeparams(const CoverageParams& params)
+{
+    const CoverageParams stored = heldparams(params);
+    if (comparable(stored) != comparable(network.coverage))
+        markedited();
+    network.coverage = stored;
 }
 
 float heldlower(double typed, double least, double upper)

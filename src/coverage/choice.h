@@ -39,6 +39,10 @@ CoverageParams shownparams(const CoverageParams& params);
 /// up to 359.9 and the antenna's to 360.
 CoverageParams heldparams(const CoverageParams& params);
 
+/// Puts a dialog's parameters, held within their ranges, in the network. The network counts as
+/// edited when they differ from those that the dialog had opened with.
+void storeparams(const CoverageParams& params);
+
 /// Least distance between the two numbers of a pair of fields.
 inline constexpr double pairgap = 0.1;
 /// A typed number held as the lower one of a pair, from `least` to the gap below `upper`, and as

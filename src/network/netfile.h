@@ -43,6 +43,6 @@ NetStatus lastnetstatus();
 
 /// Writes the network to a .net file, as a whole or not at all. A longer file keeps its bytes
 /// behind the new ones. A name with another extension writes nothing and counts as done. On failure
-/// a message is shown, `netdirty` stays, and `why` receives the system's reason. True when it
-/// counts as done.
+/// a message is shown, the network stays unsaved, and `why` receives the system's reason. True when
+/// it counts as done.
 bool savenet(const std::string& path, std::string* why = nullptr);

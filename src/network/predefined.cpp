@@ -3,23 +3,35 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/textcodec.h"
-#include "base/textlines.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace
 {
 
-/// Takes the next six lines off a text; nothing where it has fewer.
-std::optional<PredefinedSystem> takesystem(std::string_view& rest)
+/// Takes the next line off a text; nothing at its end.
+std::optional<std::string> takeline(std::string_view& rest)
 {
     constexpr std::size_t mostbytes = 255; // more than any name or number that a field holds
+    if (rest.empty())
+        return std::nullopt;
+    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
+    const bool crlf = rest.substr(end, 2) == "\r\n";
+    std::string line = trimmed(fromansi(rest.substr(0, std::min(end, mostbytes))));
+    rest.remove_prefix(std::min(end + (crlf ? 2 : 1), rest.size()));
+    return line;
+}
+
+std::optional<PredefinedSystem> takesystem(std::string_view& rest)
+{
     PredefinedSystem system;
     for (std::string* text : {&system.name, &system.power, &system.threshold, &system.lineloss,
                               &system.gain, &system.height}) {
-        if (rest.empty())
+        std::optional<std::string> line = takeline(rest);
+        if (!line)
             return std::nullopt;
-        *text = trimmed(fromansi(takeline(rest).substr(0, mostbytes)));
+        *text = std::move(*line);
     }
     return system;
 }

@@ -5,6 +5,7 @@
 #include "base/settings.h"
 #include "coordinates/geosys.h"
 #include "network/netfile.h"
+#include "network/unsaved.h"
 #include "terrain/mapfile.h"
 
 #include <algorithm>
@@ -72,7 +73,7 @@ void newnet(bool withname)
     mapframe(mapgrid);
     mapname = "default.map";
     selection = Selection();
-    netdirty = false;
+    marksaved();
 }
 
 /// Centres the map on the placed stations, with a size that shows them all on this screen. Without
@@ -142,7 +143,7 @@ void loadnet(const std::string& path)
     writesetting("LastProject", session.netfile);
     addrecent(session.netfile);
     laststatus = readproject(session.netfile);
-    netdirty = false;
+    marksaved();
     hooks.busypointer(false);
 }
 
@@ -170,7 +171,7 @@ bool savenet(const std::string& path, std::string* why)
         session.netfile = path;
         writesetting("LastProject", session.netfile);
     }
-    netdirty = false;
+    marksaved();
     addrecent(session.netfile);
     hooks.setlabel2(nameof(path) + " a été enregistré");
     hooks.busypointer(false);

@@ -147,7 +147,8 @@ inline Net& netat(int number)
 {
     return network.net(number);
 }
-/// True from the opening of the network dialog until the network is saved or replaced.
+/// True from the opening of the network dialog until the network is saved or replaced. What users
+/// change elsewhere is noted in network/unsaved.h.
 extern bool netdirty;
 
 /// What a new network resets and no file holds.

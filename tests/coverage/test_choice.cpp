@@ -1,5 +1,6 @@
 #include "base/settings.h"
 #include "coverage/choice.h"
+#include "network/unsaved.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -40,6 +41,25 @@ TEST(CoverageParameters, ThatAreNoNumbersBecomeBounds)
     EXPECT_EQ(held.azstep, 0.1F);
     EXPECT_EQ(held.rangemax, 1);
     EXPECT_EQ(held.rangemin, 0.1F);
+}
+
+TEST(CoverageParameters, CountAsEditedOnlyWhenTheyDifferFromThoseShown)
+{
+    network.coverage = {};
+    marksaved();
+    CoverageParams params = shownparams(network.coverage); // the least range is shown as 0.1
+    params.antfile.assign("omni.ant");                     // what an empty name stands for
+    storeparams(params);
+    EXPECT_FALSE(netedited);
+    params.azmax = 400;
+    storeparams(params);
+    EXPECT_EQ(network.coverage.azmax, 360);
+    EXPECT_FALSE(netedited) << "360 is what it was";
+    params.azmax = 90;
+    storeparams(params);
+    EXPECT_TRUE(netedited);
+    network.coverage = {};
+    marksaved();
 }
 
 TEST(CoverageSettings, OutliveARun)

@@ -6,6 +6,7 @@
 #include "coordinates/geosys.h"
 #include "network/netfile.h"
 #include "support/places.h"
+#include "network/unsaved.h"
 #include "support/rawbytes.h"
 #include "support/tempfolder.h"
 #include "terrain/mapfile.h"
@@ -85,6 +86,7 @@ TEST_F(ProjectTest, ANewNetworkClearsEverything)
     network = twostations();
     selection.curunit = 9;
     netdirty = true;
+    markedited();
     geosys.name = "other";
     mapgrid.record.mapsize = 7;
     session.netfile = "/plans/a.net";
@@ -93,7 +95,7 @@ TEST_F(ProjectTest, ANewNetworkClearsEverything)
     EXPECT_EQ(selection.curunit, 1);
     EXPECT_EQ(selection.linkunit2, 2);
     EXPECT_THAT(selection.linestyle, ElementsAre(175, 181, 129));
-    EXPECT_FALSE(netdirty);
+    EXPECT_FALSE(netunsaved());
     EXPECT_EQ(geosys.name, "");
     EXPECT_EQ(mapgrid.record, MapRecord());
     EXPECT_EQ(mapgrid.width, 800);
@@ -230,10 +232,11 @@ TEST_F(ProjectTest, SavingWritesTablesMapNameAndOpenPictures)
     mapname = "/Plans/Relief.map";
     hooks.openpictures = [] { return std::vector<std::string>{"/plans/a.bmp"}; };
     netdirty = true;
+    markedited();
     const std::string path = disk.path("Nord.net");
     EXPECT_TRUE(savenet(path));
     EXPECT_EQ(disk.content("Nord.net"), netbytes(network, "/Plans/Relief.map", {"/plans/a.bmp"}));
-    EXPECT_FALSE(netdirty);
+    EXPECT_FALSE(netunsaved());
     EXPECT_EQ(session.netfile, low("nord.net"));
     EXPECT_EQ(session.recent[0], low("nord.net"));
     EXPECT_EQ(getsetting("LastProject", ""), path);
@@ -266,13 +269,13 @@ TEST_F(ProjectTest, AnotherExtensionWritesNothingAndCountsAsDone)
 
 TEST_F(ProjectTest, AFailedSaveIsToldAndKeepsItsMark)
 {
-    netdirty = true;
+    markedited();
     const std::string path = disk.path("missing/nord.net");
     std::string why;
     EXPECT_FALSE(savenet(path, &why));
     EXPECT_THAT(told, ElementsAre(path + " impossible à enregistrer"));
     EXPECT_EQ(why, "No such file or directory");
-    EXPECT_TRUE(netdirty);
+    EXPECT_TRUE(netedited);
     EXPECT_FALSE(pointer);
     EXPECT_EQ(getsetting("LastProject", "none"), "none");
 }

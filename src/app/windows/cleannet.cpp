@@ -7,7 +7,7 @@
 #include "base/operation.h"
 #include "base/paths.h"
 #include "base/session.h"
-#include "network/tables.h"
+#include "network/unsaved.h"
 #include "pictures/windows/frmPic.h"
 #include "terrain/mapgrid.h"
 
@@ -79,7 +79,7 @@ void CleanNet(bool& cancel)
     closedialogs({"frmGrid", "frmLink", "frmMapPro", "frmCustom", "frmDebug"});
     if (!closeobjecteditor())
         return;
-    if (netdirty && !offersaving(session.netfile, savenetas))
+    if (netunsaved() && !offersaving(session.netfile, savenetas))
         return;
     if (!offerpictures())
         return;

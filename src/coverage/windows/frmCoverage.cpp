@@ -356,7 +356,7 @@ void frmCoverage::store()
     coveragechoice.covuselink = uselink->isChecked() ? 1 : 0;
     coveragechoice.covindex = static_cast<std::int16_t>(patternlist->currentIndex());
     coveragechoice.covrainbow = rainbow->isChecked();
-    CoverageParams& params = network.coverage;
+    CoverageParams params = network.coverage;
     takesweep(sweep, params);
     params.antazimuth = static_cast<float>(antaz->value());
     params.antfile.assign(patternlist->currentText().toStdString());
@@ -365,7 +365,7 @@ void frmCoverage::store()
     params.drawsurface = surface->isChecked() ? -1 : 0;
     params.curvecolour = curvecolour->colour();
     params.surfacecolour = rainbow->isChecked() ? 0 : surfacecolour->colour();
-    params = heldparams(params);
+    storeparams(params);
     coveragechoice.levels = levels;
     rainbowlevel = signallevels(unit, levels);
 }

@@ -103,7 +103,7 @@ QWidget* frmVisual::makebuttons()
     add("magenta", QStringLiteral("Magenta"), [this] { paintin(magenta); });
     line->addStretch();
     radarbutton = add("radar3d", QStringLiteral("Radar 3D"), [this] {
-        store(true);
+        store(true, network.coverage.visualcolour);
         chosen = Run::radar3d;
         accept();
     });
@@ -137,24 +137,24 @@ void frmVisual::showmode()
                                : QStringLiteral("Altitude de la cible(m)\nau dessus de la mer"));
 }
 
-void frmVisual::store(bool radar)
+void frmVisual::store(bool radar, std::int32_t colour)
 {
     selection.curunit = static_cast<std::int16_t>(unitlist->currentIndex() + 1);
     selection.visualmode = follow->isChecked() ? -1 : 0;
     coveragechoice.radaron = radaron->isChecked();
-    CoverageParams& params = network.coverage;
+    CoverageParams params = network.coverage;
     params.sensorheight = static_cast<float>(sensorh->value());
     params.targetheight = static_cast<float>(targeth->value());
     takesweep(sweep, params);
     if (radar)
         params.antfile.assign(radarlist->currentText().toStdString());
-    params = heldparams(params);
+    params.visualcolour = colour;
+    storeparams(params);
 }
 
 void frmVisual::paintin(std::int32_t colour)
 {
-    store(radaron->isChecked());
-    network.coverage.visualcolour = colour;
+    store(radaron->isChecked(), colour);
     chosen = Run::paint;
     accept();
 }

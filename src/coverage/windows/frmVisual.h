@@ -35,7 +35,7 @@ private:
     QWidget* makebuttons();
     void fill();
     void showmode();
-    void store(bool radar);
+    void store(bool radar, std::int32_t colour);
     void paintin(std::int32_t colour);
 
     QComboBox *unitlist, *radarlist;

@@ -6,6 +6,7 @@
 #include "coordinates/positiontexts.h"
 #include "netoverlay/paint/overlay.h"
 #include "network/moveunit.h"
+#include "network/unsaved.h"
 #include "radio/evaluate.h"
 #include "radio/link.h"
 #include "terrain/mapgrid.h"
@@ -41,12 +42,12 @@ void redrawmoved()
 StationDrag begindrag(int unit)
 {
     evaluate(network, mapgrid, false, interf, quality);
-    return {unit, unitat(unit), netdirty};
+    return {unit, unitat(unit), netedited};
 }
 
 void dragunit(const StationDrag& drag, float lon, float lat)
 {
-    netdirty = true;
+    markedited();
     placeunit(drag.unit, lon, lat);
     redrawlinks(drag.unit);
     tellplace(unitat(drag.unit));
@@ -58,7 +59,7 @@ void putback(const StationDrag& drag)
     unit.lon = drag.before.lon;
     unit.lat = drag.before.lat;
     unit.elevation = drag.before.elevation;
-    netdirty = drag.wasdirty;
+    netedited = drag.wasedited;
     redrawlinks(drag.unit);
     paintnets();
     tellplace(unit);

@@ -9,7 +9,7 @@ void redrawmoved();
 struct StationDrag {
     int unit = 0;
     Unit before;
-    bool wasdirty = false;
+    bool wasedited = false;
 };
 
 /// Evaluates the nets, so that carrying the station need only look at its own links.

@@ -3,6 +3,7 @@
 #include "base/hooks.h"
 #include "netoverlay/paint/overlay.h"
 #include "network/moveunit.h"
+#include "network/unsaved.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/cursor.h"
 
@@ -165,6 +166,7 @@ void StationMouse::offermoving(int unit)
     if (answer != Answer::yes)
         return;
     placeunit(unit, cursor.lon, cursor.lat);
+    markedited();
     drawnets();
     picturehooks.stationmoved(unit, true);
 }

@@ -6,6 +6,7 @@
 #include "base/session.h"
 #include "base/settings.h"
 #include "network/commonnets.h"
+#include "network/unsaved.h"
 #include "network/windows/lists.h"
 #include "radio/distribution.h"
 #include "radio/exportprofile.h"
@@ -229,6 +230,7 @@ void frmLink::applyheight(bool left, const QString& typed)
     if (net > 0) {
         const int unit = left ? transmitter() : receiver();
         network.height(net, unit) = height;
+        markedited();
     } else {
         (left ? session.defh1 : session.defh2) = height;
     }

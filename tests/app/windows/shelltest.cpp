@@ -10,6 +10,7 @@
 #include "base/session.h"
 #include "base/settings.h"
 #include "network/tables.h"
+#include "network/unsaved.h"
 #include "pictures/paint/openpictures.h"
 #include "pictures/windows/frmPic.h"
 #include "radio/link.h"
@@ -27,7 +28,8 @@ ShellTest::ShellTest() : startfolder(QDir::currentPath())
     usesettingsfile(folder.filePath(QStringLiteral("settings.ini")));
     session = Session();
     network = defaulttables();
-    netdirty = mapdirty = false;
+    mapdirty = false;
+    marksaved();
     mapname = "default.map";
     opbusy = 0;
     interf = 0;

@@ -5,6 +5,7 @@
 #include "base/paths.h"
 #include "base/session.h"
 #include "network/tables.h"
+#include "network/unsaved.h"
 #include "terrain/mapgrid.h"
 
 #include <QApplication>
@@ -94,6 +95,18 @@ TEST_F(CleanNetTest, YesSavesTheNetworkUnderTheNameThatIsAsked)
     EXPECT_FALSE(cancelled());
     EXPECT_TRUE(findfile(path("nouveau.net")));
     EXPECT_FALSE(netdirty);
+}
+
+TEST_F(CleanNetTest, WhatTheUserChangedInTheTablesIsAskedAboutToo)
+{
+    markedited();
+    expectquestion("Enregistrer default.net?", Answer::cancel);
+    EXPECT_TRUE(cancelled());
+    expectquestion("Enregistrer default.net?", Answer::yes);
+    expectfilename("Enregistrer les réseaux", path("nouveau.net"));
+    EXPECT_FALSE(cancelled());
+    EXPECT_FALSE(netunsaved());
+    EXPECT_FALSE(cancelled()) << "once saved, nothing is asked";
 }
 
 TEST_F(CleanNetTest, GivingUpTheSavingKeepsTheWork)

@@ -1,5 +1,6 @@
 #include "netoverlay/paint/movestation.h"
 #include "network/moveunit.h"
+#include "network/unsaved.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/cursor.h"
 #include "pictures/paint/picturetest.h"
@@ -26,7 +27,7 @@ protected:
             network.nets[1].system[static_cast<std::size_t>(i)] = 1;
         }
         network.nets[1].topology = visiblebit;
-        netdirty = false;
+        marksaved();
         moved = false;
         picturehooks.stationmoved = [this](int unit, bool settled) {
             told.push_back(settled ? unit : -unit);
@@ -35,7 +36,7 @@ protected:
 
     void TearDown() override
     {
-        netdirty = false;
+        marksaved();
         moved = false;
         PictureTest::TearDown();
     }
@@ -86,7 +87,8 @@ TEST_F(MoveStation, CarryingAStationEvaluatesItsLinksOnTheWay)
             for (int b = 1; b <= 4; ++b)
                 EXPECT_EQ(shown.at(1, a, b), quality.at(1, a, b)) << a << " " << b;
     }
-    EXPECT_TRUE(netdirty);
+    EXPECT_TRUE(netedited);
+    EXPECT_FALSE(netdirty) << "only the network dialog sets it";
     settle(drag);
     EXPECT_EQ(surfaceimage(picture->surface), fullydrawn());
     EXPECT_THAT(told, testing::ElementsAre(-2, -2, -2, 2));
@@ -117,17 +119,17 @@ TEST_F(MoveStation, PutBackAStationIsWhereItWasAndNothingHasChanged)
     EXPECT_NE(surfaceimage(picture->surface), shown);
     putback(drag);
     EXPECT_TRUE(network == before);
-    EXPECT_FALSE(netdirty);
+    EXPECT_FALSE(netedited);
     EXPECT_EQ(surfaceimage(picture->surface), shown);
 }
 
 TEST_F(MoveStation, WhatWasUnsavedStaysUnsavedAfterPuttingBack)
 {
-    netdirty = true;
+    markedited();
     const StationDrag drag = begindrag(2);
     dragunit(drag, 8.3F, 44.2F);
     putback(drag);
-    EXPECT_TRUE(netdirty);
+    EXPECT_TRUE(netedited);
 }
 
 TEST_F(MoveStation, CarryingLeavesHairsAndSelection)

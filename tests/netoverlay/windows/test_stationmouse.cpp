@@ -1,4 +1,5 @@
 #include "netoverlay/windows/stationmouse.h"
+#include "network/unsaved.h"
 #include "pictures/windows/picturewindowtest.h"
 #include "radio/evaluate.h"
 
@@ -20,7 +21,7 @@ protected:
         }
         network.nets[1].topology = visiblebit;
         selection = {};
-        netdirty = false;
+        marksaved();
         picturewindowhooks.editstation = [this] { edited.push_back(selection.curunit); };
         picturewindowhooks.showlink = [this](int a, int b) { links.emplace_back(a, b); };
         drawnets();
@@ -30,7 +31,7 @@ protected:
     {
         picturewindowhooks = {};
         selection = {};
-        netdirty = false;
+        marksaved();
         PictureWindowTest::TearDown();
     }
 
@@ -86,6 +87,7 @@ TEST_F(StationMouseTest, ARightPressMovesTheStationToTheCursor)
     EXPECT_EQ(unit(2).lon, 7.25F);
     EXPECT_EQ(unit(2).lat, 44.75F);
     EXPECT_EQ(unit(2).elevation, mapgrid.at(50, 150));
+    EXPECT_TRUE(netedited);
     EXPECT_EQ(picture->marks.stations[2].label.topLeft(), QPoint(50, 50));
     EXPECT_TRUE(picture->marks.stations[1].visible);
 }
@@ -96,6 +98,7 @@ TEST_F(StationMouseTest, ARightPressThatIsDeclinedLeavesTheStation)
     answers = {Answer::no};
     QTest::mouseClick(surface, Qt::RightButton, {}, on(2));
     EXPECT_TRUE(network == before);
+    EXPECT_FALSE(netunsaved());
 }
 
 TEST_F(StationMouseTest, AStationTakesThePressFromTheSelection)
@@ -109,7 +112,7 @@ TEST_F(StationMouseTest, AStationTakesThePressFromTheSelection)
     EXPECT_EQ(cursor.lon, lon);
     EXPECT_FALSE(picture->marks.Shape2);
     EXPECT_EQ(unit(2).lon, 7.2F + 0.6F); // a trembling hand moves nothing
-    EXPECT_FALSE(netdirty);
+    EXPECT_FALSE(netunsaved());
 }
 
 TEST_F(StationMouseTest, ADragCarriesTheStationByTheWayOfTheMouse)
@@ -124,7 +127,7 @@ TEST_F(StationMouseTest, ADragCarriesTheStationByTheWayOfTheMouse)
     move(from + QPoint(10, 20), Qt::LeftButton);
     release(from + QPoint(10, 20));
     EXPECT_EQ(picture->marks.stations[2].label.topLeft(), place + QPoint(10, 20));
-    EXPECT_TRUE(netdirty);
+    EXPECT_TRUE(netedited);
     const int column = place.x() + 10;
     const int row = mapgrid.uppery() - (place.y() + 20);
     EXPECT_EQ(unit(2).elevation, mapgrid.at(column, row));
@@ -159,7 +162,7 @@ TEST_F(StationMouseTest, EscapePutsTheStationBack)
     EXPECT_FALSE(network == before);
     QTest::keyClick(surface, Qt::Key_Escape);
     EXPECT_TRUE(network == before);
-    EXPECT_FALSE(netdirty);
+    EXPECT_FALSE(netunsaved());
     EXPECT_EQ(surfaceimage(picture->surface), shown);
     move(from + QPoint(60, 0), Qt::LeftButton); // the button is still down
     QApplication::processEvents();

@@ -2,7 +2,6 @@
 #include "base/operation.h"
 #include "base/paths.h"
 #include "network/windows/frmCity.h"
-#include "support/places.h"
 #include "support/tempfolder.h"
 #include "terrain/mapproperties.h"
 
@@ -176,7 +175,7 @@ TEST_F(FrmCity, TheKeyboardAloneIsEnough)
 
 TEST_F(FrmCity, ShowsTheShippedGazetteerWhole)
 {
-    setprogramfolder(sourcefolder() + "/data/");
+    setprogramfolder(VELMORA_SOURCE_DIR "/data/");
     open();
     EXPECT_GT(lines().size(), 1900U);
 }

@@ -1,5 +1,6 @@
 #include "base/settings.h"
 #include "netoverlay/paint/overlay.h"
+#include "network/unsaved.h"
 #include "pictures/paint/cursor.h"
 #include "pictures/paint/picturetest.h"
 #include "radio/windows/frmLink.h"
@@ -215,6 +216,7 @@ TEST_F(LinkWindow, TakesAHeightIntoTheNet)
     const double before = window->current().link.record.h1;
     type("leftheight", "25");
     EXPECT_EQ(network.antheights[2][1], 25);
+    EXPECT_TRUE(netedited);
     EXPECT_EQ(double{window->current().link.record.h1}, 25);
     EXPECT_NE(before, 25);
     EXPECT_EQ(field("leftheight"), "25.0");
