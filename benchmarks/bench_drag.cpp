@@ -1,5 +1,6 @@
 #include "netoverlay/paint/movestation.h"
 #include "netoverlay/paint/overlay.h"
+#include "network/moveunit.h"
 #include "radio/evaluate.h"
 
 #include <QGuiApplication>

@@ -24,7 +24,7 @@ Hooks::Hooks()
       openpicture([](const std::string&, int) {}),
       openpictures([] { return std::vector<std::string>(); }),
       placepicture([](const std::string&, const float*, const float*) {}),
-      drawmap([](const std::string&) {}), mapchanged([] {}), netsloaded([] {}),
+      drawmap([](const std::string&) {}), mapchanged([] {}), netreplaced([] {}), netsloaded([] {}),
       unitmoved([](int) {}), viewtext([](const std::string&) {})
 {
 }

@@ -49,6 +49,8 @@ struct Hooks {
     std::function<void(const std::string&)> drawmap;
     /// A map was read or built: the colour scale must follow.
     std::function<void()> mapchanged;
+    /// Other tables stand in place of the network that was there: nothing of it can be taken back.
+    std::function<void()> netreplaced;
     /// A network was read: its links must be evaluated.
     std::function<void()> netsloaded;
     /// A station was moved by itself, without its links: it is drawn alone.

@@ -65,6 +65,7 @@ void newnet(bool withname)
 {
     netfolder(); // the first call notes it
     network = defaulttables();
+    hooks.netreplaced();
     allocatescreenmap();
     if (withname)
         makenetname();
@@ -112,6 +113,7 @@ static NetStatus readtables(const std::string& path)
     NetFile file;
     file.mapname = mapname;
     const NetStatus status = parsenet(asbytes(*content), network, file);
+    hooks.netreplaced();
     mapname = file.mapname;
     for (const std::string& picture : file.pictures)
         hooks.openpicture(picture, 2);

@@ -48,6 +48,12 @@ void restudylink();
 /// Lets the link window ask for a file and give the pictures back to the nets, and lets the
 /// pictures open it.
 void connectlinkwindow();
+/// Takes back, or does again, what the user did last.
+void undo();
+void redo();
+/// Lets evaluation, pictures and windows follow what is taken back, and the menu tell what it is.
+void connectundo();
+
 /// The coverages, painted on the active picture, and the report on link quality.
 void radiocoverage();
 void visualcoverage();

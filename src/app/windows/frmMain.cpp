@@ -9,6 +9,7 @@
 #include "app/windows/toolbar.h"
 #include "base/hooks.h"
 #include "base/session.h"
+#include "base/windows/undostack.h"
 #include "pictures/windows/frmPic.h"
 #include "radio/windows/frmLink.h"
 
@@ -116,6 +117,8 @@ void frmMain::buildmenus()
     }
     for (int i = 0; i < 4; ++i)
         action("mnuFileRecent" + std::to_string(i))->setVisible(false);
+    for (const char* name : {"mnuEditUndo", "mnuEditRedo"}) // also from a window beside the frame
+        action(name)->setShortcutContext(Qt::ApplicationShortcut);
     for (const char* name : {"mnuFileModeNormal", "mnuViewAuto", "mnuViewToolbar", "mnuViewStatus"})
         setchecked(name, true);
 }
@@ -145,6 +148,10 @@ unsigned frmMain::menustate() const
         state |= needs::child;
     if (activepicture())
         state |= needs::picture;
+    if (!undotext().isEmpty())
+        state |= needs::undo;
+    if (!redotext().isEmpty())
+        state |= needs::redo;
     return state;
 }
 
@@ -158,6 +165,20 @@ void frmMain::updatemenus()
         }
     }
     action("mnuStop")->setVisible(busy);
+}
+
+/// "Annuler: déplacer Nord"; a mark in the name is part of it, and makes no shortcut letter.
+static QString undocaption(const QString& caption, QString what)
+{
+    what.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return what.isEmpty() ? caption : caption + QStringLiteral(": ") + what;
+}
+
+void frmMain::showundo()
+{
+    action("mnuEditUndo")->setText(undocaption(QStringLiteral("Annuler"), undotext()));
+    action("mnuEditRedo")->setText(undocaption(QStringLiteral("Rétablir"), redotext()));
+    updatemenus();
 }
 
 void frmMain::showrecent()

@@ -45,6 +45,8 @@ public:
     void setbusy(bool on);
     /// Enables each menu entry by what it needs.
     void updatemenus();
+    /// The entries that take back and do again tell what, and are enabled where there is something.
+    void showundo();
     /// Caption and recent entries follow the session.
     void showrecent();
 

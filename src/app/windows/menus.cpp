@@ -50,6 +50,9 @@ static constexpr auto entries = std::to_array<MenuEntry>({
     {1, "mnuFileExit", "&Terminer", "Ctrl+Q", closeprogram, idle},
 
     {0, "mnuEdit", "&Edition", "", nullptr, idle},
+    {1, "mnuEditUndo", "Annuler", "Ctrl+Z", undo, idle | needs::undo},
+    {1, "mnuEditRedo", "Rétablir", "Ctrl+Shift+Z", redo, idle | needs::redo},
+    {1, "", "", "", nullptr, 0},
     {1, "mnuEditCopy", "&Copier", "Ctrl+C", nullptr, idle},
     {1, "mnuEditPaste", "Co&ller", "Ctrl+V", nullptr, onpicture},
     {1, "mnuEditPasteNew", "Coller comme &nouvelle image", "Ctrl+Shift+V", nullptr, idle},

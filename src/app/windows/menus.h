@@ -10,6 +10,8 @@ inline constexpr unsigned idle = 1;    ///< no operation under way
 inline constexpr unsigned running = 2; ///< an operation under way
 inline constexpr unsigned child = 4;   ///< some child window is open
 inline constexpr unsigned picture = 8; ///< the active child is a picture
+inline constexpr unsigned undo = 16;   ///< something can be taken back
+inline constexpr unsigned redo = 32;   ///< something that was taken back can be done again
 } // namespace needs
 
 /// One line of the menus. The order of the table is the order on the screen; an entry belongs to

@@ -75,6 +75,7 @@ void fillhooks()
     });
     connectmapwindows();
     connectlinkwindow();
+    connectundo();
     hooks.netsloaded = [] {
         refilllink(); // first: its one link gives way to the nets
         shownetwork();

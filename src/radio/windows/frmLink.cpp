@@ -196,6 +196,25 @@ void frmLink::followstation(int unit)
         restudy();
 }
 
+void frmLink::followtables()
+{
+    const int net = chosennet();
+    {
+        const QSignalBlocker quiet1(transmitterlist);
+        const QSignalBlocker quiet2(receiverlist);
+        const QSignalBlocker quiet3(netlist);
+        fillstations(*transmitterlist, transmitter());
+        fillstations(*receiverlist, receiver());
+        fillnets();
+    }
+    if (chosennet() != net) {
+        changestations();
+        return;
+    }
+    fillcolumns();
+    restudy();
+}
+
 void frmLink::restudy()
 {
     if (shown.a == 0)

@@ -49,6 +49,9 @@ public:
     void refill();
     /// Studies the link in view again, in the graph in view, and leaves the pictures alone.
     void restudy();
+    /// The tables hold other values of the same network: its names and nets, and the link in view
+    /// studied again.
+    void followtables();
     /// A station has another place: a link that it belongs to is studied again.
     void followstation(int unit);
     /// Into (true) or out of the state in which only Stop is live.

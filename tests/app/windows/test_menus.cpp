@@ -57,6 +57,8 @@ TEST_F(Menus, HaveTheseCaptionsInThisOrder)
                            "  &Imprimer",
                            "  &Terminer",
                            "&Edition",
+                           "  Annuler",
+                           "  Rétablir",
                            "  &Copier",
                            "  Co&ller",
                            "  Coller comme &nouvelle image",

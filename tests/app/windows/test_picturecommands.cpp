@@ -2,6 +2,7 @@
 #include "app/windows/shelltest.h"
 #include "base/operation.h"
 #include "netoverlay/paint/movestation.h"
+#include "network/moveunit.h"
 #include "network/tables.h"
 #include "pictures/paint/openpictures.h"
 #include "pictures/windows/frmPic.h"

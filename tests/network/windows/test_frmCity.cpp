@@ -2,6 +2,7 @@
 #include "base/operation.h"
 #include "base/paths.h"
 #include "network/windows/frmCity.h"
+#include "support/places.h"
 #include "support/tempfolder.h"
 #include "terrain/mapproperties.h"
 
@@ -175,7 +176,7 @@ TEST_F(FrmCity, TheKeyboardAloneIsEnough)
 
 TEST_F(FrmCity, ShowsTheShippedGazetteerWhole)
 {
-    setprogramfolder(VELMORA_SOURCE_DIR "/data/");
+    setprogramfolder(sourcefolder() + "/data/");
     open();
     EXPECT_GT(lines().size(), 1900U);
 }
