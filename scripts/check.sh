@@ -27,6 +27,18 @@ if git grep -nE '#include "[a-z/]+/(paint|windows)/' -- 'src/*.cpp' 'src/*.h' ':
     exit 1
 fi
 
+echo "objects of the process"
+missing=0
+for name in $(git grep -hE '^extern [^"]*;$' -- 'src/*.h' | grep -v '^extern const' |
+    sed -E 's/^extern .*\(\*([a-z0-9_]+)\).*/\1/; s/^extern .*[ *>]([A-Za-z0-9_]+)(\[.*)?;$/\1/'); do
+    grep -qF "\`$name\`" docs/ARCHITECTURE.md ||
+        grep -qE "\`[A-Za-z]+ $name\`" docs/ARCHITECTURE.md || { echo "$name" >&2; missing=1; }
+done
+if [ "$missing" = 1 ]; then
+    echo "docs/ARCHITECTURE.md, \"The data\", names every object that outlives a call." >&2
+    exit 1
+fi
+
 if [ "${1:-}" = tidy ]; then
     echo "clang-tidy"
     scripts/build.sh release

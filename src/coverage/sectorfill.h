@@ -43,7 +43,8 @@ struct Wedge {
 /// `fillquad`, corners are
 /// not rounded. Wedges with the same numbers for a common side leave neither holes between them nor
 /// pixels painted twice.
-void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b, std::uint32_t pixel);
+void fillwedge(const PixelSheet& sheet, const Wedge& wedge, double a, double b,
+               std::uint32_t pixel);
 
 /// Draws a line of one pixel's width, both ends included.
 void drawline(const PixelSheet& sheet, PicturePoint from, PicturePoint to, std::uint32_t pixel);

@@ -99,7 +99,7 @@ LineRules linerules(const std::array<std::uint8_t, 3>& linestyle)
 
 static int levelbyte(double level_db)
 {
-    return static_cast<int>(std::clamp(roundeven(level_db + zerolevel), 1.0, 99.0));
+    return static_cast<int>(std::clamp(roundtoeven(level_db + zerolevel), 1.0, 99.0));
 }
 
 std::array<std::uint8_t, 3> linestylebytes(const LineRules& rules)

@@ -100,9 +100,7 @@ Sheet sweptsheet(const RadioSweep& sweep)
     colours.curve = ink;
     runsweep(
         sweep,
-        [&](std::span<const SectorPaint> sectors) {
-            paintsectors(sheet.view(), sectors, colours);
-        },
+        [&](std::span<const SectorPaint> sectors) { paintsectors(sheet.view(), sectors, colours); },
         [](int) { return true; });
     return sheet;
 }

@@ -5,8 +5,6 @@
 #include "network/netfields.h"
 #include "network/predefined.h"
 #include "support/places.h"
-#include "network/netfields.h"
-#include "network/predefined.h"
 
 #include <QDir>
 #include <QImage>

@@ -49,9 +49,7 @@ std::int64_t paintsweep(CoverageSheet& sheet, const RadioSweep& sweep)
     const CoverageColours paint = paintcolours();
     return runsweep(
         sweep,
-        [&](std::span<const SectorPaint> sectors) {
-            paintsectors(sheet.view(), sectors, paint);
-        },
+        [&](std::span<const SectorPaint> sectors) { paintsectors(sheet.view(), sectors, paint); },
         [&](int k) {
             sheet.refresh();
             return opstep(k) != 0;

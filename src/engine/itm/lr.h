@@ -84,11 +84,11 @@ void lrpath(std::span<const double> elevations_m, double step_m, LRRecord& rec,
 ///                       one; [2] their length, m; [3 .. n+3] ground elevations from the left
 ///                       station to the right one, m
 ///              rec      inputs
-///   Returned:  losses   166 numbers: [i+3] receives the loss to sample i, dB, for i from startpt
-///   to
-///                       n; nothing else is written
+///   Returned:  losses   166 numbers: [i+3] receives the loss to sample i, dB, from startpt on,
+///                       held between 0 and n; 0 where there is none; nothing else is written
 ///              rec      results
-///   Errors:    n below 1, above 160 or not a number is no path either; losses then receives
-///   nothing
+///   Errors:    n below 1, above 160 or not a number is no path either: losses then receives
+///              nothing at all
+/// Any number of threads may call it.
 extern "C" [[gnu::visibility("default")]] void LR(const double* prof, double* losses,
                                                   LRRecord* rec);
