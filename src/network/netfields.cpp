@@ -58,13 +58,13 @@ int shownrole(const Net& net, int unit)
 
 void setrole(Net& net, int unit, int role)
 {
-    std::uint8_t& byte = net.member[static_cast<std::size_t>(unit)];
+    std::uint8_t& byte = slotat(net.member, unit);
     byte = static_cast<std::uint8_t>((byte & memberbit) | role);
 }
 
 void setmember(Net& net, int unit, bool member)
 {
-    std::uint8_t& byte = net.member[static_cast<std::size_t>(unit)];
+    std::uint8_t& byte = slotat(net.member, unit);
     byte = static_cast<std::uint8_t>((byte & ~memberbit) | (member ? memberbit : 0));
 }
 

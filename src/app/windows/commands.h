@@ -16,6 +16,9 @@ bool savepictureas();
 void newnetworks();
 void opennetworks();
 void savenetworks();
+/// Opens the network dialog. When it closes the nets are evaluated and drawn, or erased where they
+/// are not displayed automatically.
+void netproperties();
 void openmap();
 void savemapcommand();
 void newpicture();

@@ -24,7 +24,7 @@ static constexpr auto entries = std::to_array<MenuEntry>({
     {1, "mnuFileNewNet", "&Nouveaux réseaux", "Ctrl+N", newnetworks, idle},
     {1, "mnuFileOpenNet", "&Ouvrir des réseaux", "Ctrl+O", opennetworks, idle},
     {1, "mnuFileSaveNet", "&Enregistrer les réseaux sous...", "Ctrl+S", savenetworks, idle},
-    {1, "mnuFileNetPro", "&Propriétés des réseaux", "", nullptr, idle},
+    {1, "mnuFileNetPro", "&Propriétés des réseaux", "", netproperties, idle},
     {1, "", "", "", nullptr, 0},
     {1, "mnuFileOpenMap", "Ouvrir une carte", "", openmap, idle},
     {1, "mnuFileSaveMap", "Enregistrer la carte sous...", "", savemapcommand, idle},
