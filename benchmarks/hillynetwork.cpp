@@ -1,6 +1,6 @@
 #include "hillynetwork.h"
 
-#include "netoverlay/paint/movestation.h"
+#include "network/moveunit.h"
 #include "terrain/mapgrid.h"
 
 #include <cmath>
