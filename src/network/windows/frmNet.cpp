@@ -40,7 +40,7 @@ frmNet::frmNet(QWidget* parent)
 
 void frmNet::makelist(QVBoxLayout& column)
 {
-    netlist = titledlist(QStringLiteral("netlist"), QStringLiteral("Liste de tous les réseaux"),
+    netlist = titledlist(QStringLiteral("netlist"), QStringLiteral("Liste de tous les réseaux"), 27,
                          column, this);
     for (int n = 1; n <= MAXNET; ++n)
         netlist->addItem(QString::fromStdString(netat(n).name.text()));

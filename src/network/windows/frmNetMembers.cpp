@@ -27,8 +27,8 @@ MembersPage::MembersPage(TableActions& record, QWidget* parent) : NetPage(record
 
 void MembersPage::makelist(QVBoxLayout& column)
 {
-    list = titledlist(QStringLiteral("stationlist"), QStringLiteral("Liste des stations"), column,
-                      this);
+    list = titledlist(QStringLiteral("stationlist"), QStringLiteral("Liste des stations"), 40,
+                      column, this);
     for (int i = 1; i <= MAXUNIT; ++i) {
         const Unit& unit = unitat(i);
         const QString name = QString::fromStdString(unit.name.text());
@@ -103,6 +103,7 @@ void MembersPage::makeheights(QGridLayout& grid)
     height = new NumberField(QStringLiteral("ownheight"), bounds::antennaheight.low,
                              bounds::antennaheight.high, fields);
     height->setAccessibleName(caption);
+    hintbounds(*height, bounds::antennaheight);
     auto* row = new QHBoxLayout;
     row->addWidget(other);
     row->addWidget(height, 1);
@@ -178,8 +179,9 @@ void MembersPage::showtitle()
 {
     const Net& net = shownnet();
     const bool member = net.ismember(chosen());
-    frame->setTitle(member ? QStringLiteral("Membre de ") + QString::fromStdString(net.name.text())
-                           : QStringLiteral("Non membre"));
+    QString name = QString::fromStdString(net.name.text());
+    name.replace(QLatin1Char('&'), QStringLiteral("&&")); // no shortcut letter's mark
+    frame->setTitle(member ? QStringLiteral("Membre de ") + name : QStringLiteral("Non membre"));
     QPalette colours;
     if (!member) // the fields below are disabled, and keep the colours of that state
         for (const auto role : {QPalette::WindowText, QPalette::Text})

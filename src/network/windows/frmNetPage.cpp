@@ -1,5 +1,6 @@
 #include "network/windows/frmNetPage.h"
 
+#include "base/numbers.h"
 #include "base/windows/numberfield.h"
 
 #include <QAbstractButton>
@@ -53,6 +54,8 @@ NumberField* NetPage::addnumber(QGridLayout& grid, const FieldTexts& texts, cons
 {
     auto* field = new NumberField(QString::fromLatin1(texts.name), limits.low, limits.high, this);
     addrow(grid, *field, texts);
+    if (*texts.hint == '\0')
+        hintbounds(*field, limits);
     return field;
 }
 
@@ -73,16 +76,23 @@ void NetPage::choose(const QString& caption, const std::function<void()>& change
     actions.choose(QStringLiteral("modifier %1 : %2").arg(subject(), caption), change);
 }
 
-QListWidget* titledlist(const QString& name, const QString& title, QVBoxLayout& column,
+void hintbounds(QLineEdit& field, const Bounds& limits)
+{
+    const auto number = [](double bound) { return QString::fromStdString(generalnumber(bound)); };
+    const QString hint = number(limits.low) + QStringLiteral(" à ") + number(limits.high);
+    field.setToolTip(hint);
+    field.setAccessibleDescription(hint);
+}
+
+QListWidget* titledlist(const QString& name, const QString& title, int width, QVBoxLayout& column,
                         QWidget* parent)
 {
-    constexpr int widest = 32; // average characters
     auto* list = new QListWidget(parent);
     list->setObjectName(name);
     list->setAccessibleName(title);
     list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setFixedWidth(list->fontMetrics().averageCharWidth() * widest);
+    list->setFixedWidth(list->fontMetrics().averageCharWidth() * width);
     auto* label = new QLabel(title, parent);
     label->setBuddy(list);
     column.addWidget(label);

@@ -51,8 +51,10 @@ protected:
     bool filling = false; ///< fields are being set, and records stay
 };
 
-/// A list of names under its title.
-QListWidget* titledlist(const QString& name, const QString& title, QVBoxLayout& column,
+/// A list of names under its title, so many average characters wide.
+QListWidget* titledlist(const QString& name, const QString& title, int width, QVBoxLayout& column,
                         QWidget* parent);
+/// Tells the bounds of a field that has no hint beside it.
+void hintbounds(QLineEdit& field, const Bounds& limits);
 /// Marks the button of this number in a group; none where there is no such button.
 void mark(QButtonGroup& group, int number);

@@ -55,6 +55,7 @@ NumberField* StylePage::makelevel(const char* name, const QCheckBox& rule)
     auto* field = new NumberField(QString::fromLatin1(name), bounds::linelevel.low,
                                   bounds::linelevel.high, this);
     field->setAccessibleName(rule.text());
+    hintbounds(*field, bounds::linelevel);
     return field;
 }
 

@@ -91,7 +91,7 @@ SystemsPage::SystemsPage(TableActions& record, QWidget* parent) : NetPage(record
 void SystemsPage::makelist(QVBoxLayout& column)
 {
     list = titledlist(QStringLiteral("systemlist"), QStringLiteral("Liste de tous les systèmes"),
-                      column, this);
+                      27, column, this);
     for (int i = 1; i <= MAXSYSTEM; ++i)
         list->addItem(QString::fromStdString(systemat(i).name.text()));
     list->setCurrentRow(0);

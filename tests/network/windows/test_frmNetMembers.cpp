@@ -190,6 +190,6 @@ TEST_F(FrmNetMembers, TheNameOfTheNetIsFollowedByTheTitle)
 {
     net(1).member[1] = memberbit;
     open(0);
-    type("netname", "Bravo");
-    EXPECT_EQ(title(), "Membre de Bravo");
+    type("netname", "Bravo & fils");
+    EXPECT_EQ(title(), "Membre de Bravo && fils") << "the mark is shown, and is no shortcut's";
 }

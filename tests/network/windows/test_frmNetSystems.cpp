@@ -166,6 +166,18 @@ TEST_F(FrmNetSystems, WithoutAFileTheTitleStandsAlone)
     EXPECT_EQ(system(1), before);
 }
 
+TEST_F(FrmNetSystems, AMillionLinesAreOfferedToo)
+{
+    std::string content;
+    for (int i = 0; i < 166'667; ++i)
+        content += "S" + std::to_string(i) + "\n1\n2\n3\n4\n5\n";
+    writepredefined(content);
+    open(2);
+    EXPECT_EQ(find<QComboBox>("predefined")->count(), 166'668);
+    offer(166'667);
+    EXPECT_EQ(system(1).name.text(), "S166666");
+}
+
 TEST_F(FrmNetSystems, ArrowKeysTakeNoPredefinedSystemUnseen)
 {
     writepredefined(two);
