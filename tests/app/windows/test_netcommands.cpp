@@ -11,6 +11,7 @@
 #include "relief/paint/drawmap.h"
 #include "terrain/mapgrid.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QTest>
@@ -107,7 +108,9 @@ TEST_F(NetCommands, TheLinkWindowShowsTheNetsAsEdited)
     choose("mnuViewLink");
     frmLink* link = linkwindow(window.get());
     ASSERT_NE(link, nullptr);
+    link->showdetails();
     opendialog([](const frmNet&) { network.nets[1].name.assign("Alpha"); });
+    EXPECT_TRUE(link->findChild<QAction*>(QStringLiteral("details"))->isChecked());
     EXPECT_EQ(link->findChild<QComboBox*>(QStringLiteral("netlist"))->currentText(),
               QStringLiteral("Alpha"));
     EXPECT_EQ(currentpic->surface.over.size(), drawings);
