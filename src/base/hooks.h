@@ -26,7 +26,8 @@ struct Hooks {
     std::function<void()> pumpevents;
     /// Shows the busy pointer (true) or the normal one.
     std::function<void(bool)> busypointer;
-    /// The status texts of the main window: Label1 (position, percentage, "Prêt") and Label2.
+    /// The status texts of the main window: first the position, the percentage or "Prêt", second
+    /// what an operation says.
     std::function<void(const std::string&)> setlabel1;
     std::function<void(const std::string&)> setlabel2;
     /// The screen's size in pixels. Default: 1024 x 768.

@@ -141,6 +141,15 @@ double leadingnumber(std::string_view text)
     return value == 0 ? 0 : sign * value;
 }
 
+double typednumber(std::string_view text)
+{
+    std::string pointed(text);
+    const std::size_t mark = pointed.find_first_of(".,");
+    if (mark != std::string::npos)
+        pointed[mark] = '.';
+    return leadingnumber(pointed);
+}
+
 std::string trimmed(std::string_view text)
 {
     constexpr std::string_view blanks(" \t\0\r\n", 5);
@@ -211,7 +220,7 @@ bool sametext(std::string_view a, std::string_view b)
 
 FieldCheck checkfield(double lo, double hi, std::string_view text)
 {
-    const double number = leadingnumber(text);
+    const double number = typednumber(text);
     const bool inbounds = lo <= number && number <= hi;
     return {smin(smax(number, lo), hi), inbounds};
 }

@@ -36,8 +36,11 @@ std::string generalnumber(float value);
 std::string generalnumber(double value);
 
 /// The leading number of a text: blanks, a sign, digits, a point, an exponent. 0 where there is
-/// none. This is how every typed field and every numeric setting is read.
+/// none. This is how files and numeric settings are read.
 double leadingnumber(std::string_view text);
+
+/// The same of what a user typed, where a comma stands for the decimal point.
+double typednumber(std::string_view text);
 
 /// Text without blanks at either end (blank, tab, NUL, CR, LF).
 std::string trimmed(std::string_view text);

@@ -26,7 +26,7 @@ DmsFields ll2fields(float& lon, float& lat)
 static float axisdegrees(const std::array<std::string, 3>& fields, double limit)
 {
     const double degrees =
-        leadingnumber(fields[0]) + leadingnumber(fields[1]) / 60 + leadingnumber(fields[2]) / 3600;
+        typednumber(fields[0]) + typednumber(fields[1]) / 60 + typednumber(fields[2]) / 3600;
     return static_cast<float>(std::clamp(degrees, -limit, limit));
 }
 

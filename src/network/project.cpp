@@ -1,3 +1,4 @@
+#include "base/busy.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/paths.h"
@@ -139,14 +140,13 @@ static NetStatus readproject(const std::string& path)
 
 void loadnet(const std::string& path)
 {
-    hooks.busypointer(true);
+    const Busy busy;
     hooks.pumpevents();
     session.netfile = lowercase(unquoted(path));
     writesetting("LastProject", session.netfile);
     addrecent(session.netfile);
     laststatus = readproject(session.netfile);
     marksaved();
-    hooks.busypointer(false);
 }
 
 /// The network's bytes over the file that is there: what a longer file has behind them stays.
@@ -160,22 +160,27 @@ static bool writenet(const std::string& path, std::string* why)
     return writefile(target, parts, why);
 }
 
+/// The same under the busy pointer, which is gone before the user is told of a failure.
+static bool writebusily(const std::string& path, std::string* why)
+{
+    const Busy busy;
+    hooks.pumpevents();
+    return writenet(path, why);
+}
+
 bool savenet(const std::string& path, std::string* why)
 {
-    hooks.busypointer(true);
-    hooks.pumpevents();
-    if (lowercase(path).ends_with("net")) {
-        if (!writenet(path, why)) {
-            hooks.busypointer(false);
-            telluser(path + " impossible à enregistrer");
-            return false;
-        }
+    const bool isnet = lowercase(path).ends_with("net");
+    if (isnet && !writebusily(path, why)) {
+        telluser(path + " impossible à enregistrer");
+        return false;
+    }
+    if (isnet) {
         session.netfile = path;
         writesetting("LastProject", session.netfile);
     }
     marksaved();
     addrecent(session.netfile);
     hooks.setlabel2(nameof(path) + " a été enregistré");
-    hooks.busypointer(false);
     return true;
 }

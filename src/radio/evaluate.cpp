@@ -1,5 +1,6 @@
 #include "radio/evaluate.h"
 
+#include "base/busy.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/parallel.h"
@@ -303,10 +304,9 @@ void reevaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
 
 void evalnets(bool allnets)
 {
-    hooks.busypointer(true);
+    const Busy busy;
     hooks.pumpevents();
     evaluate(network, mapgrid, allnets, interf, quality);
-    hooks.busypointer(false);
 }
 
 int lineclass(const NetworkTables& tables, const QualityTable& table,

@@ -31,7 +31,7 @@ StationFields commonfields(const NetworkTables& tables, int net, int unit)
 
 float typedheight(const std::string& text)
 {
-    return static_cast<float>(smax(lowestantenna, smin(highestantenna, leadingnumber(text))));
+    return static_cast<float>(smax(lowestantenna, smin(highestantenna, typednumber(text))));
 }
 
 StationFields transmitterfields(const NetworkTables& tables, int net, int unit)

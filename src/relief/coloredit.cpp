@@ -89,12 +89,11 @@ void fixedscale(ColorEdit& edit)
     edit.absolutescale = 1;
 }
 
-std::int16_t levelof(const std::string& value, bool& inbounds)
+std::int16_t levelof(const std::string& value)
 {
     using limits = std::numeric_limits<std::int16_t>;
-    const FieldCheck check = checkfield(limits::min(), limits::max(), value);
-    inbounds = check.inbounds;
-    return static_cast<std::int16_t>(roundtoeven(check.value));
+    return static_cast<std::int16_t>(
+        roundtoeven(checkfield(limits::min(), limits::max(), value).value));
 }
 
 void applycolors(const ColorEdit& edit, bool withlevels, Colours& table)
@@ -105,8 +104,6 @@ void applycolors(const ColorEdit& edit, bool withlevels, Colours& table)
     table.colortable = edit.colortable;
     if (!withlevels)
         return;
-    for (std::size_t i = 0; i < table.levels.size(); ++i) {
-        bool inbounds = false;
-        table.levels[i] = levelof(edit.values[i], inbounds);
-    }
+    for (std::size_t i = 0; i < table.levels.size(); ++i)
+        table.levels[i] = levelof(edit.values[i]);
 }

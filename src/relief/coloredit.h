@@ -30,8 +30,8 @@ void relativescale(ColorEdit& edit, float floor, float ceiling);
 /// 1 m, then 100 m to 1000 m, that stay.
 void fixedscale(ColorEdit& edit);
 
-/// The level that a typed value means, m; `inbounds` is false where it had to be held.
-std::int16_t levelof(const std::string& value, bool& inbounds);
+/// The level that a typed value means, m, held within 16 bits.
+std::int16_t levelof(const std::string& value);
 
 /// Stores what was edited. The levels are stored when `withlevels` says so.
 void applycolors(const ColorEdit& edit, bool withlevels, Colours& table);

@@ -1,5 +1,6 @@
 #include "reports/netreport.h"
 
+#include "base/busy.h"
 #include "base/clock.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
@@ -295,12 +296,11 @@ void netreport(int first, int last, ReportScale scale)
 {
     if (first < 1 || last > MAXNET)
         return;
-    hooks.busypointer(true);
+    const Busy busy;
     hooks.pumpevents();
     const ReportLines lines =
         netreportlines(reportsources(), first, last, scale, ReportTarget::file);
     const std::string path = targetpath(userfolder() + "report.txt");
     if (writefile(path, toansi(reporttext(lines))))
         hooks.viewtext(path);
-    hooks.busypointer(false);
 }

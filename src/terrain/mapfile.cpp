@@ -1,5 +1,6 @@
 #include "terrain/mapfile.h"
 
+#include "base/busy.h"
 #include "base/bytes.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
@@ -239,13 +240,12 @@ bool loadmap(const std::string& path)
 
 bool savemap(const std::string& path, std::string* why)
 {
-    hooks.busypointer(true);
+    const Busy busy;
     const std::string header = mapheader(mapgrid);
     const auto samples = std::as_bytes(std::span(mapgrid.samples));
     const std::string_view parts[] = {
         header, {reinterpret_cast<const char*>(samples.data()), samples.size()}};
     const bool written = writefile(targetpath(path), parts, why);
-    hooks.busypointer(false);
     if (!written)
         return false;
     mapname = path;

@@ -6,11 +6,16 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-ColourButton::ColourButton(QWidget* parent) : QAbstractButton(parent)
+ColourButton::ColourButton(QWidget* parent) : ColourButton(QString(), QString(), parent) {}
+
+ColourButton::ColourButton(const QString& name, const QString& caption, QWidget* parent)
+    : QPushButton(caption, parent), press([this] { choose(); })
 {
+    setObjectName(name);
+    setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
-    connect(this, &QAbstractButton::clicked, this, &ColourButton::choose);
+    connect(this, &QAbstractButton::clicked, this, [this] { press(); });
 }
 
 void ColourButton::setcolour(std::int32_t colour)
@@ -22,8 +27,11 @@ void ColourButton::setcolour(std::int32_t colour)
 
 QSize ColourButton::sizeHint() const
 {
+    constexpr int swatchroom = 28; // pixels beside a caption
     const int side = fontMetrics().height();
-    return {side * 4, side + 8};
+    if (text().isEmpty())
+        return {side * 4, side + 8};
+    return QPushButton::sizeHint() + QSize(swatchroom, 0);
 }
 
 void ColourButton::choose()
@@ -40,10 +48,21 @@ void ColourButton::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else
-        QAbstractButton::keyPressEvent(event);
+        QPushButton::keyPressEvent(event);
 }
 
-void ColourButton::paintEvent(QPaintEvent*)
+void ColourButton::paintEvent(QPaintEvent* event)
+{
+    if (text().isEmpty()) {
+        paintpatch();
+        return;
+    }
+    QPushButton::paintEvent(event);
+    paintswatch();
+}
+
+/// The whole button in its colour.
+void ColourButton::paintpatch()
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -57,4 +76,17 @@ void ColourButton::paintEvent(QPaintEvent*)
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette().color(QPalette::Highlight), marked ? 2 : 1));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+}
+
+/// A square of the colour in front of the caption.
+void ColourButton::paintswatch()
+{
+    QPainter painter(this);
+    const int side = height() - 14;
+    QColor fill = colorof(value);
+    if (!isEnabled())
+        fill.setAlpha(70);
+    painter.setPen(palette().color(QPalette::ButtonText));
+    painter.setBrush(fill);
+    painter.drawRect(8, 7, side, side);
 }

@@ -1,6 +1,18 @@
 #include "base/windows/numberfield.h"
 
 #include "base/numbers.h"
+#include "base/paint/colour.h"
+
+void showinred(QLineEdit& field, bool red)
+{
+    QPalette colours = field.palette();
+    const QPalette plain;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor warning = readablered(plain.color(group, QPalette::Base));
+        colours.setColor(group, QPalette::Text, red ? warning : plain.color(group, QPalette::Text));
+    }
+    field.setPalette(colours);
+}
 
 NumberField::NumberField(const QString& name, double lo, double hi, QWidget* parent)
     : QLineEdit(parent), low(lo), high(hi)
@@ -30,13 +42,15 @@ double NumberField::value() const
 
 double NumberField::typed() const
 {
-    return leadingnumber(text().toStdString());
+    return typednumber(text().toStdString());
+}
+
+bool NumberField::inbounds() const
+{
+    return checkfield(low, high, text().toStdString()).inbounds;
 }
 
 void NumberField::recolour()
 {
-    QPalette colours = palette();
-    const bool inbounds = checkfield(low, high, text().toStdString()).inbounds;
-    colours.setColor(QPalette::Text, inbounds ? QColor(Qt::black) : QColor(255, 0, 0));
-    setPalette(colours);
+    showinred(*this, !isReadOnly() && !inbounds());
 }

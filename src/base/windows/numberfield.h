@@ -2,8 +2,11 @@
 
 #include <QLineEdit>
 
-/// A field for a number. It refuses nothing: a text out of bounds turns red, and the value is held
-/// within them.
+/// Shows a field's text in red, the palette's own, or as any other text.
+void showinred(QLineEdit& field, bool red);
+
+/// A field for a number, typed with a decimal point or comma. It refuses nothing: a text out of
+/// bounds turns red, and the value is held within them. A field that is only read is never red.
 class NumberField : public QLineEdit
 {
     Q_OBJECT
@@ -18,6 +21,8 @@ public:
     double value() const;
     /// The text as a number, as typed.
     double typed() const;
+    /// What was typed lies within the bounds.
+    bool inbounds() const;
 
 private:
     void recolour();

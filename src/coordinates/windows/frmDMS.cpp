@@ -1,5 +1,7 @@
 #include "coordinates/windows/frmDMS.h"
 
+#include "base/windows/boxes.h"
+#include "base/windows/numberfield.h"
 #include "coordinates/dmsfields.h"
 #include "coordinates/geosys.h"
 #include "coordinates/mgrs.h"
@@ -8,8 +10,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QShowEvent>
 
 static bool gridmode()
@@ -76,9 +76,7 @@ QWidget* frmDMS::makeaxis(const char* name, std::array<PreparedField*, 3>& field
         line->addWidget(new QLabel(marks[i], row));
         line->addSpacing(4);
     }
-    letter = new QPushButton(row);
-    letter->setObjectName(axis + QStringLiteral("letter"));
-    letter->setAutoDefault(false);
+    letter = namedbutton(axis + QStringLiteral("letter"), QString(), row);
     letter->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('O')) + 26);
     line->addWidget(letter);
     line->addStretch();
@@ -101,12 +99,9 @@ void frmDMS::makewidgets()
     grid->addWidget(combinedlabel, 2, 0);
     grid->addWidget(combined, 2, 1);
 
-    auto* applybutton = new QPushButton(QStringLiteral("Appliquer"), this);
-    applybutton->setObjectName(QStringLiteral("apply"));
+    auto* applybutton = namedbutton(QStringLiteral("apply"), QStringLiteral("Appliquer"), this);
     applybutton->setDefault(true);
-    auto* cancelbutton = new QPushButton(QStringLiteral("Annuler"), this);
-    cancelbutton->setObjectName(QStringLiteral("cancel"));
-    cancelbutton->setAutoDefault(false);
+    auto* cancelbutton = namedbutton(QStringLiteral("cancel"), QStringLiteral("Annuler"), this);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(applybutton);
@@ -171,7 +166,7 @@ void frmDMS::updatell()
     fields.latletter = letterof(latletter);
     fields2ll(fields, lon, lat);
     combined->prepare(QString::fromStdString(locator(lon, lat)));
-    combined->setPalette(QPalette());
+    showinred(*combined, false);
     updating = false;
 }
 
@@ -180,10 +175,7 @@ void frmDMS::updateqra()
     updating = true;
     const std::string text = combined->text().toStdString();
     if (gridmode()) {
-        QPalette colours;
-        if (!mgrs2ll(text, lon, lat))
-            colours.setColor(QPalette::Text, QColor(255, 0, 0));
-        combined->setPalette(colours);
+        showinred(*combined, !mgrs2ll(text, lon, lat));
     } else {
         locator2ll(text, lon, lat);
     }

@@ -1,5 +1,6 @@
 #include "coverage/paint/coveragepicture.h"
 
+#include "base/busy.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
 #include "coverage/choice.h"
@@ -71,14 +72,6 @@ PictureSettings plainrelief(const Picture& picture)
     settings.cities = picture.city != 0 ? -1 : 0;
     return settings;
 }
-
-/// The hourglass for as long as it lives.
-struct Hourglass {
-    Hourglass() { hooks.busypointer(true); }
-    ~Hourglass() { hooks.busypointer(false); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
 } // namespace
 
 CoverageSheet::CoverageSheet(OpenPicture& target)
@@ -140,7 +133,7 @@ bool paintover(OpenPicture& picture, int last, const std::function<void(Coverage
     erasenets();
     if (!covpicture(picture))
         return false;
-    const Hourglass hourglass;
+    const Busy busy;
     beginop(coveragejob(last));
     CoverageSheet sheet(picture);
     paint(sheet);

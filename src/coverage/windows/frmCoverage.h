@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/windows/swatchbutton.h"
+#include "base/windows/colourbutton.h"
 #include "coverage/choice.h"
 #include "coverage/windows/sweepfields.h"
 
@@ -57,7 +57,7 @@ private:
     SweepFields sweep;
     NumberField *antaz, *low, *high;
     QCheckBox *uselink, *curve, *surface, *rainbow;
-    SwatchButton *curvecolour, *surfacecolour;
+    ColourButton *curvecolour, *surfacecolour;
     LevelUnit unit = LevelUnit::sunit; ///< in which `levels` are held
     Levels levels;
     bool applying = false;

@@ -1,12 +1,10 @@
 #include "coverage/windows/frmVisual.h"
 
 #include "base/windows/boxes.h"
-#include "base/windows/swatchbutton.h"
 #include "coverage/choice.h"
 #include "coverage/paint/coveragepicture.h"
 #include "network/windows/lists.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -48,8 +46,7 @@ QWidget* frmVisual::makeobserver()
 {
     QFormLayout* form = nullptr;
     QGroupBox* box = formbox(QStringLiteral("Observer depuis"), form, this);
-    unitlist = new QComboBox(box);
-    unitlist->setObjectName(QStringLiteral("unitlist"));
+    unitlist = namedlist(QStringLiteral("unitlist"), box);
     sensorh = new NumberField(QStringLiteral("sensorh"), 0.1, 9999, box);
     form->addRow(unitlist);
     form->addRow(QStringLiteral("Hauteur du senseur(m)\npar rapport au sol"), sensorh);
@@ -78,10 +75,8 @@ QWidget* frmVisual::makeradar()
     auto* row = new QWidget(this);
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
-    radaron = new QCheckBox(QStringLiteral("Fichier radar "), row);
-    radaron->setObjectName(QStringLiteral("radaron"));
-    radarlist = new QComboBox(row);
-    radarlist->setObjectName(QStringLiteral("radarlist"));
+    radaron = namedcheck(QStringLiteral("radaron"), QStringLiteral("Fichier radar "), row);
+    radarlist = namedlist(QStringLiteral("radarlist"), row);
     line->addWidget(radaron);
     line->addWidget(radarlist, 1);
     return row;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/windows/swatchbutton.h"
 #include "coverage/windows/sweepfields.h"
 
 #include <QComboBox>

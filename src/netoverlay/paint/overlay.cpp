@@ -1,5 +1,6 @@
 #include "netoverlay/paint/overlay.h"
 
+#include "base/busy.h"
 #include "base/hooks.h"
 #include "base/paint/colour.h"
 #include "netoverlay/paint/linksheet.h"
@@ -264,13 +265,12 @@ void drawnets()
     if (toplevel == 0)
         toplevel = firsttoplevel;
     erasenets();
+    const Busy busy;
     evalnets(false);
-    hooks.busypointer(true);
     raisetoplevel();
     paintnets();
     if (interf == 1)
         hooks.setlabel2("Mode de propagation interférence");
-    hooks.busypointer(false);
 }
 
 void shownetwork()

@@ -1,5 +1,6 @@
 #include "network/windows/frmCity.h"
 
+#include "base/busy.h"
 #include "base/hooks.h"
 #include "base/operation.h"
 #include "base/windows/boxes.h"
@@ -57,18 +58,12 @@ namespace
 
 /// While it lives the file is being read, and nothing else reacts.
 struct Reading {
-    Reading()
-    {
-        hooks.busypointer(true);
-        opbusy = 1;
-    }
-    ~Reading()
-    {
-        opbusy = 0;
-        hooks.busypointer(false);
-    }
+    Reading() { opbusy = 1; }
+    ~Reading() { opbusy = 0; }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
+
+    Busy busy;
 };
 
 bool movesinlist(int key)

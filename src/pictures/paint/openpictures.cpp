@@ -1,5 +1,6 @@
 #include "pictures/paint/openpictures.h"
 
+#include "base/busy.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/paths.h"
@@ -18,14 +19,6 @@ PictureHooks picturehooks;
 
 namespace
 {
-
-/// Shows the busy pointer while it lives.
-struct Busy {
-    Busy() { hooks.busypointer(true); }
-    ~Busy() { hooks.busypointer(false); }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-};
 
 std::string captionof(const std::string& name)
 {

@@ -92,6 +92,7 @@ private:
     void fillnets();
     void fillcolumns();
     void applyheight(bool left, const QString& typed);
+    bool writeprofile(const std::string& name) const;
 
     void showcursor(double x, bool pressed);
     void hidecursor();
@@ -100,7 +101,7 @@ private:
     QComboBox *transmitterlist, *receiverlist, *netlist;
     StationColumn *leftcolumn, *rightcolumn;
     std::array<SMeter*, 2> meters; ///< 0 the direction of `gain21`, 1 that of `gain12`
-    LinkView* Picture1;
+    LinkView* view;
     QActionGroup* graphs;
     QMenu *editmenu, *viewmenu;
     QAction* stop;
@@ -109,6 +110,9 @@ private:
     double cursorx = 0; ///< samples from the left station
     bool cursorshown = false;
 };
+
+/// Mode of propagation and default heights of the run, for the study of a link.
+AnalysisOptions linkoptions();
 
 /// Opens the window, or brings it to the front.
 frmLink* showlink(QWidget* parent);

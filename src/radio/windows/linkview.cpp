@@ -10,7 +10,7 @@
 
 LinkView::LinkView(QWidget* parent) : QWidget(parent)
 {
-    setObjectName(QStringLiteral("Picture1"));
+    setObjectName(QStringLiteral("graph"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);

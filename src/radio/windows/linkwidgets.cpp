@@ -1,20 +1,19 @@
 // The widgets of the link window: menus, lists, and the data of both ends.
 
 #include "base/operation.h"
+#include "base/windows/boxes.h"
 #include "radio/windows/frmLink.h"
 #include "radio/windows/smeter.h"
 #include "radio/windows/stationcolumn.h"
 
 #include <QActionGroup>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenuBar>
 
-static QComboBox* namedlist(const char* name, QWidget* parent)
+static QComboBox* widelist(const char* name, QWidget* parent)
 {
-    auto* list = new QComboBox(parent);
-    list->setObjectName(QString::fromLatin1(name));
+    QComboBox* list = namedlist(QString::fromLatin1(name), parent);
     list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     list->setMinimumContentsLength(18);
     return list;
@@ -72,7 +71,7 @@ QLayout* frmLink::makelists()
 {
     auto* row = new QHBoxLayout;
     const auto add = [&](const char* name, const QString& caption) {
-        QComboBox* list = namedlist(name, this);
+        QComboBox* list = widelist(name, this);
         auto* label = new QLabel(caption, this);
         label->setBuddy(list);
         row->addWidget(label);

@@ -1,10 +1,10 @@
 #include "radio/windows/stationcolumn.h"
 
 #include "base/windows/boxes.h"
+#include "base/windows/numberfield.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 
 StationColumn::StationColumn(const QString& name, const QStringList& captions, QWidget* parent)
     : QGroupBox(parent)
@@ -20,9 +20,7 @@ StationColumn::StationColumn(const QString& name, const QStringList& captions, Q
         form->addRow(caption, value);
         rows.append(value);
     }
-    height = new QLineEdit(this);
-    height->setObjectName(name + QStringLiteral("height"));
-    height->setAlignment(Qt::AlignRight);
+    height = new NumberField(name + QStringLiteral("height"), lowestantenna, highestantenna, this);
     height->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000.000")));
     QPushButton* button =
         namedbutton(name + QStringLiteral("apply"), QStringLiteral("Appliquer"), this);

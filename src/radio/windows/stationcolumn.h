@@ -5,8 +5,8 @@
 #include <QGroupBox>
 #include <QStringList>
 
+class NumberField;
 class QLabel;
-class QLineEdit;
 
 /// Data of one end of a link: five texts, and the height of its antenna, which can be typed.
 class StationColumn : public QGroupBox
@@ -25,5 +25,5 @@ signals:
 
 private:
     QList<QLabel*> rows;
-    QLineEdit* height;
+    NumberField* height;
 };

@@ -1,16 +1,17 @@
 #include "relief/windows/frmColors.h"
 
 #include "base/paint/colour.h"
+#include "base/windows/boxes.h"
 #include "base/windows/colourbutton.h"
+#include "base/windows/numberfield.h"
 #include "relief/windows/scalestrip.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPixmap>
-#include <QPushButton>
+
+#include <limits>
 
 namespace
 {
@@ -54,14 +55,6 @@ frmColors::frmColors(const ColorEdit& edit, float floor, float ceiling, QWidget*
     values.back()->setFocus();
 }
 
-QPushButton* frmColors::makebutton(const QString& text, const char* name)
-{
-    auto* button = new QPushButton(text, this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 /// The scale, high ground on top: a colour beside the level at which it begins.
 QLayout* frmColors::makescale()
 {
@@ -72,54 +65,66 @@ QLayout* frmColors::makescale()
         new QLabel(edited.signal ? QStringLiteral("Signal") : QStringLiteral("Altitude (m)"), this);
     caption->setObjectName(QStringLiteral("caption"));
     grid->addWidget(caption, 0, 0, 1, 3);
-    const int width = fontMetrics().horizontalAdvance(QStringLiteral("-00000.00")) + 12;
     for (std::size_t i = colourbuttons.size(); i-- > 0;) {
         const int row = static_cast<int>(colourbuttons.size() - i);
-        QWidget* value = nullptr;
-        if (i > 0) {
-            auto* field = values[i - 1] = new QLineEdit(this);
-            field->setObjectName(numbered("value", i - 1));
-            field->setReadOnly(edited.signal);
-            field->setFixedWidth(width);
-            connect(field, &QLineEdit::textChanged, this, [this, i] { valuechanged(i - 1); });
-            field->setAlignment(Qt::AlignRight);
-            value = field;
-        } else {
-            value = below = new QLabel(this);
-            below->setObjectName(QStringLiteral("below"));
-            below->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        }
-        auto* button = colourbuttons[i] = new ColourButton(this);
-        button->setObjectName(numbered("colour", i));
-        button->setAccessibleName(numbered("Couleur ", i));
-        connect(button, &ColourButton::changed, this, [this, i](std::int32_t colour) {
-            edited.colortable[i] = colour;
-            refresh();
-        });
-        grid->addWidget(value, row, 0);
-        grid->addWidget(button, row, 1);
+        grid->addWidget(i > 0 ? makevalue(i - 1) : makebelow(), row, 0);
+        grid->addWidget(makecolour(i), row, 1);
     }
     strip = new ScaleStrip(this);
     grid->addWidget(strip, 1, 2, static_cast<int>(colourbuttons.size()), 1);
     return grid;
 }
 
-QLayout* frmColors::maketools()
+QWidget* frmColors::makevalue(std::size_t index)
+{
+    using limits = std::numeric_limits<std::int16_t>;
+    auto* field = values[index] =
+        new NumberField(numbered("value", index), limits::min(), limits::max(), this);
+    field->setReadOnly(edited.signal);
+    field->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("-00000.00")) + 12);
+    connect(field, &QLineEdit::textChanged, this, [this, index] { valuechanged(index); });
+    return field;
+}
+
+QWidget* frmColors::makebelow()
+{
+    below = new QLabel(this);
+    below->setObjectName(QStringLiteral("below"));
+    below->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return below;
+}
+
+QWidget* frmColors::makecolour(std::size_t index)
+{
+    auto* button = colourbuttons[index] = new ColourButton(this);
+    button->setObjectName(numbered("colour", index));
+    button->setAccessibleName(numbered("Couleur ", index));
+    connect(button, &ColourButton::changed, this, [this, index](std::int32_t colour) {
+        edited.colortable[index] = colour;
+        refresh();
+    });
+    return button;
+}
+
+void frmColors::addramps(QVBoxLayout& column)
 {
     const QSize iconsize(fontMetrics().height() * 5, fontMetrics().height());
-    auto* column = new QVBoxLayout;
-    column->setSpacing(8);
     for (int number = 1; number <= ramps; ++number) {
-        auto* button = makebutton(QStringLiteral("Couleurs %1").arg(number), "");
-        button->setObjectName(numbered("ramp", static_cast<std::size_t>(number)));
+        auto* button = namedbutton(numbered("ramp", static_cast<std::size_t>(number)),
+                                   QStringLiteral("Couleurs %1").arg(number), this);
         button->setIcon(rampicon(number, iconsize));
         button->setIconSize(iconsize);
         connect(button, &QPushButton::clicked, this, [this, number] { loadramp(number); });
-        column->addWidget(button);
+        column.addWidget(button);
     }
-    column->addSpacing(12);
-    auto* relative = makebutton(QStringLiteral("Échelle relative"), "relative");
-    auto* absolute = makebutton(QStringLiteral("Échelle absolue"), "absolute");
+}
+
+void frmColors::addscales(QVBoxLayout& column)
+{
+    auto* relative =
+        namedbutton(QStringLiteral("relative"), QStringLiteral("Échelle relative"), this);
+    auto* absolute =
+        namedbutton(QStringLiteral("absolute"), QStringLiteral("Échelle absolue"), this);
     connect(relative, &QPushButton::clicked, this, [this] {
         relativescale(edited, floor_m, ceiling_m);
         showvalues();
@@ -128,29 +133,38 @@ QLayout* frmColors::maketools()
         fixedscale(edited);
         showvalues();
     });
-    column->addWidget(relative);
-    column->addWidget(absolute);
+    for (QPushButton* button : {relative, absolute}) {
+        button->setEnabled(!edited.signal);
+        column.addWidget(button);
+    }
+}
+
+QLayout* frmColors::maketools()
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    addramps(*column);
     column->addSpacing(12);
-    stratified = new QCheckBox(QStringLiteral("Couleurs statifiées"), this);
-    stratified->setObjectName(QStringLiteral("stratified"));
+    addscales(*column);
+    column->addSpacing(12);
+    stratified =
+        namedcheck(QStringLiteral("stratified"), QStringLiteral("Couleurs statifiées"), this);
     stratified->setChecked(edited.stratified);
-    legend = new QCheckBox(QStringLiteral("Montrer légende"), this);
-    legend->setObjectName(QStringLiteral("legend"));
+    stratified->setEnabled(!edited.signal);
+    legend = namedcheck(QStringLiteral("legend"), QStringLiteral("Montrer légende"), this);
     legend->setChecked(edited.showlegend);
     connect(stratified, &QCheckBox::toggled, this, &frmColors::refresh);
     column->addWidget(stratified);
     column->addWidget(legend);
     column->addStretch();
-    for (QWidget* widget : std::initializer_list<QWidget*>{relative, absolute, stratified})
-        widget->setEnabled(!edited.signal);
     return column;
 }
 
 QLayout* frmColors::makebuttons()
 {
-    auto* apply = makebutton(QStringLiteral("Appliquer"), "apply");
-    auto* keep = makebutton(QStringLiteral("Appliquer et garder"), "keep");
-    auto* cancel = makebutton(QStringLiteral("Annuler"), "cancel");
+    auto* apply = namedbutton(QStringLiteral("apply"), QStringLiteral("Appliquer"), this);
+    auto* keep = namedbutton(QStringLiteral("keep"), QStringLiteral("Appliquer et garder"), this);
+    auto* cancel = namedbutton(QStringLiteral("cancel"), QStringLiteral("Annuler"), this);
     apply->setDefault(true);
     connect(apply, &QPushButton::clicked, this, [this] { store(!edited.signal); });
     // Also the levels of a signal are kept: the file has one list of levels.
@@ -182,16 +196,9 @@ void frmColors::showvalues()
 
 void frmColors::valuechanged(std::size_t index)
 {
-    QLineEdit* field = values[index];
-    edited.values[index] = field->text().toStdString();
+    edited.values[index] = values[index]->text().toStdString();
     if (index == 0)
-        below->setText(QStringLiteral("< ") + field->text());
-    bool inbounds = false;
-    levelof(edited.values[index], inbounds);
-    QPalette colour;
-    if (!inbounds && !edited.signal)
-        colour.setColor(QPalette::Text, QColor(255, 0, 0));
-    field->setPalette(colour);
+        below->setText(QStringLiteral("< ") + values[index]->text());
 }
 
 void frmColors::store(bool withlevels)

@@ -7,11 +7,11 @@
 #include <array>
 
 class ColourButton;
+class NumberField;
 class QCheckBox;
 class QLabel;
 class QLayout;
-class QLineEdit;
-class QPushButton;
+class QVBoxLayout;
 class ScaleStrip;
 
 /// "Couleurs arc-en-ciel": the twelve colours and eleven levels of the rainbow scale.
@@ -27,7 +27,11 @@ private:
     QLayout* makescale();
     QLayout* maketools();
     QLayout* makebuttons();
-    QPushButton* makebutton(const QString& text, const char* name);
+    QWidget* makevalue(std::size_t index);
+    QWidget* makebelow();
+    QWidget* makecolour(std::size_t index);
+    void addramps(QVBoxLayout& column);
+    void addscales(QVBoxLayout& column);
     void loadramp(int number);
     void showvalues();
     void valuechanged(std::size_t index);
@@ -37,7 +41,7 @@ private:
     ColorEdit edited;
     float floor_m, ceiling_m;
     std::array<ColourButton*, 12> colourbuttons{};
-    std::array<QLineEdit*, 11> values{};
+    std::array<NumberField*, 11> values{};
     QLabel* below = nullptr; ///< over colour 0: what lies below the first level
     ScaleStrip* strip = nullptr;
     QCheckBox* stratified = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/windows/numberfield.h"
 #include "relief/picturesettings.h"
 
 #include <QDialog>
@@ -11,7 +12,6 @@ class QButtonGroup;
 class QCheckBox;
 class QLabel;
 class QLayout;
-class QLineEdit;
 class QPushButton;
 
 /// What the dialog's further buttons start once it has closed. A button without its procedure is
@@ -42,8 +42,6 @@ private:
     QLayout* makelayers();
     QLayout* makepaths();
     QLayout* makebuttons();
-    QCheckBox* makecheck(const QString& caption, const char* name);
-    QPushButton* makebutton(const QString& caption, const char* name);
     void modechosen(int mode);
     void enablefields();
     void showpreview();
@@ -55,9 +53,8 @@ private:
     void leave(const std::function<void()>& action);
 
     struct Number {
-        QLineEdit* field;
+        NumberField* field;
         float MapRecord::*target;
-        float low, high;
         const char* pattern; ///< empty: general notation
     };
     void numberchanged(const Number& number);

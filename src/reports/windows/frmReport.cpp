@@ -1,16 +1,15 @@
 #include "reports/windows/frmReport.h"
 
+#include "base/windows/boxes.h"
 #include "reports/paint/reportpaint.h"
 
 #include <QButtonGroup>
-#include <QComboBox>
 #include <QFontMetricsF>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
 
@@ -78,8 +77,7 @@ QWidget* frmReport::makechoices()
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(new QLabel(QStringLiteral("Réseau"), row));
-    netlist = new QComboBox(row);
-    netlist->setObjectName(QStringLiteral("netlist"));
+    netlist = namedlist(QStringLiteral("netlist"), row);
     line->addWidget(netlist);
     line->addSpacing(16);
     scales = new QButtonGroup(row);
@@ -94,9 +92,7 @@ QWidget* frmReport::makechoices()
     }
     line->addStretch();
     const auto add = [&](const char* name, const QString& caption, auto action) {
-        auto* button = new QPushButton(caption, row);
-        button->setObjectName(QString::fromLatin1(name));
-        button->setAutoDefault(false);
+        auto* button = namedbutton(QString::fromLatin1(name), caption, row);
         connect(button, &QPushButton::clicked, this, action);
         line->addWidget(button);
     };

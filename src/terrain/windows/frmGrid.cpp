@@ -1,6 +1,7 @@
 #include "terrain/windows/frmGrid.h"
 
 #include "base/operation.h"
+#include "base/windows/boxes.h"
 #include "coordinates/positiontexts.h"
 #include "terrain/windows/mapwindows.h"
 
@@ -8,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 
@@ -58,9 +58,7 @@ void frmGrid::makewidgets()
     position->setObjectName(QStringLiteral("position"));
     locatorlabel = new QLabel(this);
     locatorlabel->setObjectName(QStringLiteral("locator"));
-    zoombutton = new QPushButton(this);
-    zoombutton->setObjectName(QStringLiteral("zoombutton"));
-    zoombutton->setAutoDefault(false);
+    zoombutton = namedbutton(QStringLiteral("zoombutton"), QString(), this);
     zoombutton->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('<')) + 16);
     zoom = new QLabel(this);
     zoom->setObjectName(QStringLiteral("zoom"));

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "base/windows/numberfield.h"
+
 #include <QDialog>
 
 #include <array>
 #include <cstdint>
 
 class QCheckBox;
+class QFrame;
 class QGroupBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 /// The map's properties: its centre, its size in pixels and kilometres, the elevation sources and
@@ -36,10 +38,10 @@ private:
     QGroupBox* makepixels();
     QGroupBox* makekilometres();
     QGroupBox* makesources();
-    QLineEdit* makefield(const char* name, QWidget* parent);
-    QPushButton* makebutton(const char* name, const QString& text, QWidget* parent);
+    QFrame* makecorners();
+    std::array<QPushButton*, 4> makecentrebuttons(QWidget* parent);
 
-    /// Takes a changed field over: held within its bounds, red text outside.
+    /// Takes a changed field over, held within its bounds.
     void takelon();
     void takelat();
     void takewidth();
@@ -51,11 +53,11 @@ private:
     void enterposition();
     void apply();
 
-    QLineEdit* lonfield = nullptr;
-    QLineEdit* latfield = nullptr;
-    QLineEdit* widthfield = nullptr;
-    QLineEdit* heightfield = nullptr;
-    QLineEdit* sizefield = nullptr;
+    NumberField* lonfield = nullptr;
+    NumberField* latfield = nullptr;
+    NumberField* widthfield = nullptr;
+    NumberField* heightfield = nullptr;
+    NumberField* sizefield = nullptr;
     QLineEdit* kilometres = nullptr; ///< the width, computed
     QLabel* position = nullptr;
     QLabel* locatorlabel = nullptr;

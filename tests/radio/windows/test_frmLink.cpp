@@ -75,7 +75,7 @@ protected:
         EXPECT_NE(found, nullptr) << name;
         return *found;
     }
-    LinkView& view() { return get<LinkView>("Picture1"); }
+    LinkView& view() { return get<LinkView>("graph"); }
     std::string line() { return view().textline().toStdString(); }
     void trigger(const char* entry) { get<QAction>(entry).trigger(); }
     void choose(int a, int b)

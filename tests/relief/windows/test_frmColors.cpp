@@ -1,3 +1,4 @@
+#include "base/paint/colour.h"
 #include "base/windows/choosers.h"
 #include "base/windows/colourbutton.h"
 #include "pictures/paint/picturetest.h"
@@ -46,7 +47,8 @@ protected:
     }
     static bool isred(const QLineEdit* field)
     {
-        return field->palette().color(QPalette::Text) == QColor(255, 0, 0);
+        return field->palette().color(QPalette::Text) ==
+               readablered(QPalette().color(QPalette::Base));
     }
 
     std::unique_ptr<frmColors> dialog;

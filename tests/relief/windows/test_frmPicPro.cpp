@@ -1,3 +1,4 @@
+#include "base/paint/colour.h"
 #include "base/windows/choosers.h"
 #include "pictures/paint/picturetest.h"
 #include "relief/windows/frmColors.h"
@@ -61,7 +62,8 @@ protected:
     bool enabled(const char* name) const { return child<QWidget>(name)->isEnabled(); }
     bool isred(const char* name) const
     {
-        return field(name)->palette().color(QPalette::Text) == QColor(255, 0, 0);
+        return field(name)->palette().color(QPalette::Text) ==
+               readablered(QPalette().color(QPalette::Base));
     }
     QImage preview() const { return child<QLabel>("preview")->pixmap(Qt::ReturnByValue).toImage(); }
 

@@ -1,5 +1,6 @@
 #include "base/hooks.h"
 #include "base/operation.h"
+#include "base/paint/colour.h"
 #include "base/session.h"
 #include "base/settings.h"
 #include "coordinates/dmsfields.h"
@@ -68,7 +69,8 @@ protected:
     }
     bool isred(const char* name) const
     {
-        return find(name)->palette().color(QPalette::Text) == QColor(255, 0, 0);
+        return find(name)->palette().color(QPalette::Text) ==
+               readablered(QPalette().color(QPalette::Base));
     }
     void click(const char* name) const
     {
