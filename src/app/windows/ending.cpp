@@ -30,13 +30,13 @@ bool queryending(frmMain& window)
     const std::string text = std::string("Terminer l'exécution du logiciel ") + apptitle + "?";
     if (hooks.askuser({text, Question::Buttons::yesno, Question::Icon::question}) != Answer::yes)
         return false;
-    window.Timer1->stop();
+    window.timer->stop();
     storeplace(window);
     storesession();
     bool cancel = false;
     CleanNet(cancel);
     if (cancel) {
-        window.Timer1->start();
+        window.timer->start();
         return false;
     }
     window.hide();

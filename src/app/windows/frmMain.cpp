@@ -45,22 +45,22 @@ frmMain::frmMain()
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setBackground(palette().brush(QPalette::Mid));
-    Picture2 = new StatusBar(strips);
+    statusbar = new StatusBar(strips);
     buildmenus();
-    Picture1 = new ToolBar([this](const char* name) { return action(name); }, strips);
+    toolbar = new ToolBar([this](const char* name) { return action(name); }, strips);
 
     auto* column = new QVBoxLayout(strips);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(Picture1);
+    column->addWidget(toolbar);
     column->addWidget(area, 1);
-    column->addWidget(Picture2);
+    column->addWidget(statusbar);
     setCentralWidget(strips);
 
-    Timer1 = new QTimer(this);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(tickinterval_ms);
-    connect(Timer1, &QTimer::timeout, this, &frmMain::tick);
+    timer = new QTimer(this);
+    timer->setObjectName(QStringLiteral("timer"));
+    timer->setInterval(tickinterval_ms);
+    connect(timer, &QTimer::timeout, this, &frmMain::tick);
     connect(area, &QMdiArea::subWindowActivated, this, &frmMain::updatemenus);
 
     placewindow();
@@ -80,7 +80,7 @@ static void runprocedure(void (*procedure)())
     try {
         procedure();
     } catch (const std::exception&) {
-        hooks.busypointer(false);
+        return;
     }
 }
 
@@ -247,7 +247,7 @@ void frmMain::setbusy(bool on)
     }
     if (frmLink* window = linkwindow(this))
         window->setbusy(on);
-    Picture1->setbusy(on);
+    toolbar->setbusy(on);
     updatemenus();
 }
 
@@ -278,7 +278,7 @@ void frmMain::placewindow()
 void frmMain::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    Picture2->fitwindow(width());
+    statusbar->fitwindow(width());
 }
 
 void frmMain::changeEvent(QEvent* event)

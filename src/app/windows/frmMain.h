@@ -51,9 +51,9 @@ public:
     void showrecent();
 
     QMdiArea* area;
-    ToolBar* Picture1 = nullptr;
-    StatusBar* Picture2;
-    QTimer* Timer1;
+    ToolBar* toolbar = nullptr;
+    StatusBar* statusbar;
+    QTimer* timer;
     /// What each tick does, in this order; an error in one doesn't reach the next.
     std::vector<std::function<void()>> timersteps;
     /// How long ports and sockets have for their end, seconds.

@@ -38,11 +38,11 @@ void fillhooks()
     hooks.busypointer = busypointer;
     hooks.setlabel1 = [](const std::string& text) {
         if (mainwindow)
-            mainwindow->Picture2->settext1(QString::fromStdString(text));
+            mainwindow->statusbar->setplace(QString::fromStdString(text));
     };
     hooks.setlabel2 = [](const std::string& text) {
         if (mainwindow)
-            mainwindow->Picture2->settext2(QString::fromStdString(text));
+            mainwindow->statusbar->settext(QString::fromStdString(text));
     };
     hooks.screensize = [] {
         const QSize size = QApplication::primaryScreen()->size();
@@ -58,7 +58,7 @@ void fillhooks()
     };
     hooks.setprogress = [](int percent) {
         if (mainwindow)
-            mainwindow->Picture2->setprogress(percent);
+            mainwindow->statusbar->setprogress(percent);
     };
     connectpictures();
     connectrelief();

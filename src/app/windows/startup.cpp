@@ -134,7 +134,7 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
         window->activate(children.back());
     attempt(readlivesession);
     session.live.gpsstatus &= ~gpsreplaybit; // a replay that was running does not resume
-    window->Timer1->start();
+    window->timer->start();
     session.tempfolder = tempdir();
     return window;
 }

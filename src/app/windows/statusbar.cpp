@@ -2,9 +2,8 @@
 
 #include "base/settings.h"
 
-#include <QEvent>
-#include <QFrame>
 #include <QPainter>
+#include <QProgressBar>
 
 #include <algorithm>
 
@@ -12,20 +11,19 @@
 static constexpr int rightmargin = 140 / unitsperpixel;
 static constexpr int narrowwindow = 1000 / unitsperpixel;
 static constexpr int lampside = 11;
-static constexpr int spacing = 8;
-static constexpr int leastlabel1 = 96;
-static constexpr int label1step = 48;
+static constexpr int leastplace = 96;
+static constexpr int placestep = 48;
 static constexpr int leastbar = 60;
 static constexpr int greatestbar = 160;
 
 void StatusLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QRect place = contentsRect();
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
+    const QRect room = contentsRect();
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
     setToolTip(shown == text() ? QString() : text());
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(place, int(alignment()) | Qt::TextSingleLine, shown);
+    painter.drawText(room, int(alignment()) | Qt::TextSingleLine, shown);
 }
 
 void Lamp::setcolour(const QColor& next)
@@ -48,59 +46,62 @@ void Lamp::paintEvent(QPaintEvent*)
     painter.drawEllipse(QRectF(width() * 0.25, height() * 0.2, width() * 0.35, height() * 0.3));
 }
 
-StatusBar::StatusBar(QWidget* parent) : QWidget(parent), label1width(leastlabel1)
+StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent), placewidth(leastplace)
 {
-    setObjectName(QStringLiteral("Picture2"));
-    Label2 = new StatusLabel(this);
-    Label2->setObjectName(QStringLiteral("Label2"));
-    Label2->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    Label1 = new StatusLabel(QStringLiteral("Prêt"), this);
-    Label1->setObjectName(QStringLiteral("Label1"));
-    Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    setObjectName(QStringLiteral("statusbar"));
+    setSizeGripEnabled(false);
+    setContentsMargins(0, 0, rightmargin, 0);
+    setFixedHeight(std::max(26, fontMetrics().height() + 10));
+    text = new StatusLabel(this);
+    text->setObjectName(QStringLiteral("text"));
+    addWidget(text, 1);
+    progress = new QProgressBar(this);
+    progress->setObjectName(QStringLiteral("progress"));
+    progress->setTextVisible(false);
+    addPermanentWidget(progress);
+    progress->hide();
+    makelamps();
+    place = new StatusLabel(QStringLiteral("Prêt"), this);
+    place->setObjectName(QStringLiteral("place"));
+    addPermanentWidget(place);
+    fitpanels();
+}
+
+void StatusBar::makelamps()
+{
     const std::array<QString, 3> names{QStringLiteral("Rx"), QStringLiteral("Tx"),
                                        QStringLiteral("GPS")};
     for (std::size_t i = 0; i < names.size(); ++i) {
-        Shape2[i] = new Lamp(this);
-        Shape2[i]->setObjectName(QStringLiteral("Shape2_%1").arg(i));
-        Label3[i] = new QLabel(names[i], this);
-        Label3[i]->setObjectName(QStringLiteral("Label3_%1").arg(i));
+        lamps[i] = new Lamp(this);
+        lamps[i]->setObjectName(QStringLiteral("lamp%1").arg(i));
+        lamps[i]->setFixedSize(lampside, lampside);
+        lampnames[i] = new QLabel(names[i], this);
+        lampnames[i]->setObjectName(QStringLiteral("lampname%1").arg(i));
+        addPermanentWidget(lamps[i]);
+        addPermanentWidget(lampnames[i]);
     }
-    for (std::size_t i = Shape1.size(); i-- > 0;) { // the bar above its frame
-        Shape1[i] = new QFrame(this);
-        Shape1[i]->setObjectName(QStringLiteral("Shape1_%1").arg(i));
-        Shape1[i]->hide();
-    }
-    Shape1[1]->setFrameStyle(QFrame::Box | QFrame::Plain);
-    Shape1[0]->setAutoFillBackground(true);
-    Shape1[0]->setBackgroundRole(QPalette::Highlight);
-    setFixedHeight(std::max(26, fontMetrics().height() + 10));
 }
 
-void StatusBar::settext1(const QString& text)
+void StatusBar::setplace(const QString& shown)
 {
-    Label1->setText(text);
+    place->setText(shown);
     // In coarse steps, so that a moving cursor hardly ever moves the panels.
-    const int wanted = fontMetrics().horizontalAdvance(text) + 2;
-    const int rounded = (wanted + label1step - 1) / label1step * label1step;
-    if (rounded != label1width) {
-        label1width = std::max(leastlabel1, rounded);
-        layoutpanels();
-    }
+    const int wanted = fontMetrics().horizontalAdvance(shown) + 2;
+    placewidth = std::max(leastplace, (wanted + placestep - 1) / placestep * placestep);
+    fitpanels();
 }
 
-void StatusBar::settext2(const QString& text)
+void StatusBar::settext(const QString& shown)
 {
-    Label2->setText(text);
+    text->setText(shown);
 }
 
 void StatusBar::setprogress(int percent)
 {
-    shownpercent = percent;
     if (percent > 0 && !isVisible())
         return;
-    for (QFrame* shape : Shape1)
-        shape->setVisible(percent > 0);
-    layoutpanels();
+    progress->setValue(percent);
+    progress->setVisible(percent > 0);
 }
 
 void StatusBar::setwanted(bool wanted)
@@ -117,38 +118,18 @@ void StatusBar::fitwindow(int windowwidth)
 
 void StatusBar::resizeEvent(QResizeEvent* event)
 {
-    QWidget::resizeEvent(event);
-    layoutpanels();
+    QStatusBar::resizeEvent(event);
+    fitpanels();
 }
 
-void StatusBar::layoutpanels()
+/// The panels on the right take their shares; the text on the left has what remains.
+void StatusBar::fitpanels()
 {
-    // From the right edge to the left; the text on the left takes what remains.
-    const int full = height() - 1;
-    const int width1 = std::min(label1width, std::max(leastlabel1, width() * 3 / 5));
-    int x = width() - rightmargin - width1;
-    Label1->setGeometry(x, 1, width1, full);
-    x -= spacing;
-    for (std::size_t i = Shape2.size(); i-- > 0;) {
-        const int textwidth = fontMetrics().horizontalAdvance(Label3[i]->text()) + 2;
-        x -= textwidth;
-        Label3[i]->setGeometry(x, 1, textwidth, full);
-        x -= lampside + 4;
-        Shape2[i]->setGeometry(x, (height() - lampside) / 2 + 1, lampside, lampside);
-        x -= spacing;
-    }
-    if (shownpercent > 0) {
-        const int frame = std::clamp(width() / 6, leastbar, greatestbar);
-        x -= frame;
-        const QRect place(x, 6, frame, height() - 11);
-        Shape1[1]->setGeometry(place);
-        Shape1[0]->setGeometry(place.x(), place.y(), place.width() * shownpercent / 100,
-                               place.height());
-        x -= spacing;
-    }
-    Label2->setGeometry(spacing, 1, std::max(0, x - 2 * spacing), full);
+    place->setFixedWidth(std::min(placewidth, std::max(leastplace, width() * 3 / 5)));
+    progress->setFixedSize(std::clamp(width() / 6, leastbar, greatestbar), height() - 11);
 }
 
+/// A line above the strip; its panels have no frames.
 void StatusBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

@@ -2,11 +2,11 @@
 
 #include <QColor>
 #include <QLabel>
-#include <QWidget>
+#include <QStatusBar>
 
 #include <array>
 
-class QFrame;
+class QProgressBar;
 
 /// A text that is cut with dots where its place is too narrow; the tool tip then has it whole.
 class StatusLabel : public QLabel
@@ -35,13 +35,13 @@ private:
 };
 
 /// The strip along the bottom of the main window: texts, lights and the progress bar.
-class StatusBar : public QWidget
+class StatusBar : public QStatusBar
 {
 public:
     explicit StatusBar(QWidget* parent);
 
-    void settext1(const QString& text);
-    void settext2(const QString& text);
+    void setplace(const QString& shown);
+    void settext(const QString& shown);
     /// The progress bar at 1 to 100 percent; 0 hides it. Nothing is painted while the strip is
     /// hidden.
     void setprogress(int percent);
@@ -50,21 +50,21 @@ public:
     /// Shows or hides the strip for a main window of this width, in pixels.
     void fitwindow(int windowwidth);
 
-    StatusLabel* Label1; ///< "Prêt", the percentage, the cursor's position
-    StatusLabel* Label2; ///< texts of operations, results
-    std::array<Lamp*, 3> Shape2{};
-    std::array<QLabel*, 3> Label3{};
-    std::array<QFrame*, 2> Shape1{}; ///< the progress bar, its frame
+    StatusLabel* place; ///< "Prêt", the percentage, the cursor's position
+    StatusLabel* text;  ///< texts of operations, results
+    std::array<Lamp*, 3> lamps{};
+    std::array<QLabel*, 3> lampnames{};
+    QProgressBar* progress;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void layoutpanels();
+    void makelamps();
+    void fitpanels();
 
-    int label1width;
-    int shownpercent = 0;
+    int placewidth;
     int windowwidth_px = 0;
     bool userwants = true;
 };

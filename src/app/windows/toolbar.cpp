@@ -152,25 +152,25 @@ void ToolButton::leaveEvent(QEvent* event)
 ToolBar::ToolBar(const std::function<QAction*(const char*)>& action, QWidget* parent)
     : QWidget(parent)
 {
-    setObjectName(QStringLiteral("Picture1"));
+    setObjectName(QStringLiteral("toolbar"));
     setFixedHeight(buttonside + 2 * barmargin);
-    for (std::size_t i = 0; i < Image1.size(); ++i) {
-        Image1[i] = new ToolButton(toolimages[i].icon, action(toolimages[i].action), this);
-        Image1[i]->setObjectName(QStringLiteral("Image1_%1").arg(i));
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        buttons[i] = new ToolButton(toolimages[i].icon, action(toolimages[i].action), this);
+        buttons[i]->setObjectName(QStringLiteral("button%1").arg(i));
     }
-    for (std::size_t i = 0; i < Line2.size(); ++i) {
-        Line2[i] = new QFrame(this);
-        Line2[i]->setObjectName(QStringLiteral("Line2_%1").arg(i));
-        Line2[i]->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    for (std::size_t i = 0; i < separators.size(); ++i) {
+        separators[i] = new QFrame(this);
+        separators[i]->setObjectName(QStringLiteral("separator%1").arg(i));
+        separators[i]->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     }
     setbusy(false);
 }
 
 void ToolBar::setbusy(bool busy)
 {
-    for (std::size_t i = 0; i < Image1.size(); ++i)
-        Image1[i]->setVisible(busy == (i == stopimage));
-    for (QFrame* line : Line2)
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        buttons[i]->setVisible(busy == (i == stopimage));
+    for (QFrame* line : separators)
         line->setVisible(!busy);
 }
 
@@ -193,10 +193,10 @@ void ToolBar::layoutimages()
     for (int i = 0; i < imagecount; ++i) {
         // Stop stays in reach in a window too narrow for the whole strip.
         const int left = i == stopimage ? std::max(0, std::min(x, width() - buttonstep)) : x;
-        Image1[static_cast<std::size_t>(i)]->setGeometry(left, barmargin, buttonside, buttonside);
+        buttons[static_cast<std::size_t>(i)]->setGeometry(left, barmargin, buttonside, buttonside);
         x += buttonstep;
         if (line < groupends.size() && i == groupends[line]) {
-            Line2[line]->setGeometry(x + gapwidth / 2 - 1, barmargin + 4, 2, buttonside - 8);
+            separators[line]->setGeometry(x + gapwidth / 2 - 1, barmargin + 4, 2, buttonside - 8);
             x += gapwidth;
             ++line;
         }

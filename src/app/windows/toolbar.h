@@ -48,8 +48,8 @@ public:
     void setbusy(bool busy);
     QSize sizeHint() const override;
 
-    std::array<ToolButton*, imagecount> Image1{};
-    std::array<QFrame*, 5> Line2{};
+    std::array<ToolButton*, imagecount> buttons{};
+    std::array<QFrame*, 5> separators{};
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

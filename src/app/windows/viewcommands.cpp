@@ -97,12 +97,12 @@ void autodrawnets()
 
 void showhidetoolbar()
 {
-    mainwindow->Picture1->setVisible(mainwindow->checked("mnuViewToolbar"));
+    mainwindow->toolbar->setVisible(mainwindow->checked("mnuViewToolbar"));
 }
 
 void showhidestatusbar()
 {
-    mainwindow->Picture2->setwanted(mainwindow->checked("mnuViewStatus"));
+    mainwindow->statusbar->setwanted(mainwindow->checked("mnuViewStatus"));
 }
 
 void followmouse()

@@ -4,18 +4,18 @@
 #include "pictures/windows/picturetool.h"
 
 #include <QPointer>
-#include <QWidget>
+#include <QScrollArea>
 
 #include <functional>
 #include <memory>
 #include <vector>
 
-class QScrollBar;
+class QSizeGrip;
 class SurfaceView;
 
 /// A picture window: shows one entry of the list of open pictures, with scroll bars, mouse and
 /// keys.
-class frmPic : public QWidget
+class frmPic : public QScrollArea
 {
     Q_OBJECT
 public:
@@ -23,7 +23,7 @@ public:
 
     /// The picture shown; none after it left the list.
     OpenPicture* picture() const { return entry; }
-    /// Lays surface, scroll bars and grip out.
+    /// Gives the surface its size and the keyboard; scroll bars and grip follow.
     void fitpic();
     /// A picture larger than its window shows its middle.
     void showmiddle();
@@ -40,9 +40,10 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void connectsurface();
+    void fitbars();
     /// True when a tool takes what is offered; those behind it are not asked.
     bool offered(const std::function<bool(PictureTool&)>& offer);
     void settletools();
@@ -57,20 +58,15 @@ private:
     void movehairs(int dx, int dy);
     void steparrow(int dx, int dy);
     void stereoathairs();
-    void draggedgrip(const QPoint& by);
-    void paintgrip();
-    /// The window that has the frame: in the main window the one around this widget.
-    QWidget* outerwindow();
+    bool arrowpressed(int key);
+    void escapepressed();
 
     OpenPicture* entry;
-    SurfaceView* Picture1;
+    SurfaceView* surface;
     std::vector<std::unique_ptr<PictureTool>> tools;
-    QScrollBar* HScroll1;
-    QScrollBar* VScroll1;
-    QWidget* Picture2; ///< grip between the bars
+    QSizeGrip* grip; ///< in the corner between the bars
     QPoint selectionstart, selectionend;
     QString selectiontext;
-    QPoint grippress;
     bool inFocus = false;
     bool middleasked = false; ///< show the middle as soon as the window has its size
 };

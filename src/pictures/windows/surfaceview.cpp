@@ -54,7 +54,7 @@ void paintmarks(const PictureMarks& marks, QPainter& painter)
 SurfaceView::SurfaceView(const OpenPicture& shown, QWidget* parent)
     : QWidget(parent), picture(&shown)
 {
-    setObjectName(QStringLiteral("Picture1"));
+    setObjectName(QStringLiteral("surface"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);

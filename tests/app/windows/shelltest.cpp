@@ -121,10 +121,10 @@ void ShellTest::choose(const char* name)
 
 std::string ShellTest::label1() const
 {
-    return window->Picture2->Label1->text().toStdString();
+    return window->statusbar->place->text().toStdString();
 }
 
 std::string ShellTest::label2() const
 {
-    return window->Picture2->Label2->text().toStdString();
+    return window->statusbar->text->text().toStdString();
 }

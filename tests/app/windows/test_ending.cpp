@@ -30,7 +30,7 @@ TEST_F(Ending, AnythingButYesKeepsTheProgram)
     expectquestion(endquestion, Answer::no);
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(window->Timer1->isActive());
+    EXPECT_TRUE(window->timer->isActive());
     EXPECT_EQ(getsetting("DrawFontName", "none"), "none") << "nothing was stored";
 }
 
@@ -44,7 +44,7 @@ TEST_F(Ending, StoresThePlaceOfANormalWindowAndTheSession)
     expectquestion(endquestion, Answer::yes);
     EXPECT_TRUE(window->close());
     EXPECT_FALSE(window->isVisible());
-    EXPECT_FALSE(window->Timer1->isActive());
+    EXPECT_FALSE(window->timer->isActive());
     EXPECT_EQ(getsetting("MainLeft", ""), "320");
     EXPECT_EQ(getsetting("MainTop", ""), "400");
     EXPECT_EQ(getsetting("MainWidth", ""), "5600");
@@ -74,7 +74,7 @@ TEST_F(Ending, CancelAtAnUnsavedNetworkKeepsTheProgramButTheSettingsAreStored)
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->childwindows().size(), 1U);
-    EXPECT_TRUE(window->Timer1->isActive()) << "live positions go on";
+    EXPECT_TRUE(window->timer->isActive()) << "live positions go on";
     EXPECT_EQ(getsetting("DrawFontName", "none"), "MS Sans Serif");
 }
 

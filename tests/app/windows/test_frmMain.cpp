@@ -42,12 +42,12 @@ TEST_F(FrmMain, ListsItsChildrenInTheOrderOfTheirOpening)
 TEST_F(FrmMain, TogglesToolbarStatusBarAndCheckMarks)
 {
     choose("mnuViewToolbar");
-    EXPECT_FALSE(window->Picture1->isVisible());
+    EXPECT_FALSE(window->toolbar->isVisible());
     EXPECT_FALSE(window->checked("mnuViewToolbar"));
     choose("mnuViewToolbar");
-    EXPECT_TRUE(window->Picture1->isVisible());
+    EXPECT_TRUE(window->toolbar->isVisible());
     choose("mnuViewStatus");
-    EXPECT_FALSE(window->Picture2->isVisible());
+    EXPECT_FALSE(window->statusbar->isVisible());
     choose("mnuMouseCoor");
     EXPECT_TRUE(session.mousecoordinates);
     choose("mnuMouseCoor");
@@ -77,7 +77,7 @@ TEST_F(FrmMain, MinimisingClosesTheDialogsButNotThePictures)
 TEST_F(FrmMain, AnOperationDisablesThePicturesSurfacesOnly)
 {
     QWidget* picture = addpicture("a.bmp");
-    const auto* surface = picture->findChild<QWidget*>(QStringLiteral("Picture1"));
+    const auto* surface = picture->findChild<QWidget*>(QStringLiteral("surface"));
     ASSERT_NE(surface, nullptr);
     beginop({.number = 1});
     EXPECT_FALSE(surface->isEnabled());

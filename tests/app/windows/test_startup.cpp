@@ -162,8 +162,8 @@ TEST_F(Startup, AReplayOfTheLastRunDoesNotResume)
 TEST_F(Startup, TheTimerTicksAndSwallowsErrors)
 {
     start();
-    EXPECT_EQ(window->Timer1->interval(), 200);
-    EXPECT_TRUE(window->Timer1->isActive());
+    EXPECT_EQ(window->timer->interval(), 200);
+    EXPECT_TRUE(window->timer->isActive());
     int ticks = 0;
     window->timersteps.emplace_back([] { throw std::runtime_error("port"); });
     window->timersteps.emplace_back([&ticks] { ++ticks; });

@@ -22,13 +22,13 @@ protected:
         window->resize(900, 500);
         QTest::qWait(1);
     }
-    ToolButton& image(std::size_t i) { return *window->Picture1->Image1[i]; }
+    ToolButton& image(std::size_t i) { return *window->toolbar->buttons[i]; }
 };
 
 TEST_F(ToolBarTest, TipsAreTheCaptionsWithoutMarksAndDots)
 {
     std::vector<std::string> tips;
-    for (const ToolButton* button : window->Picture1->Image1)
+    for (const ToolButton* button : window->toolbar->buttons)
         tips.push_back(button->toolTip().toStdString());
     EXPECT_THAT(
         tips,
@@ -44,17 +44,17 @@ TEST_F(ToolBarTest, ImagesStandInGroupsWithASeparatorInEachGap)
 {
     const int step = image(1).x() - image(0).x();
     std::size_t line = 0;
-    for (std::size_t i = 0; i + 2 < window->Picture1->Image1.size(); ++i) {
+    for (std::size_t i = 0; i + 2 < window->toolbar->buttons.size(); ++i) {
         const int distance = image(i + 1).x() - image(i).x();
         const bool gap = i == 4 || i == 7 || i == 11 || i == 12 || i == 14;
         EXPECT_EQ(distance > step, gap) << "behind image " << i;
         if (gap) {
-            const QFrame* separator = window->Picture1->Line2[line++];
+            const QFrame* separator = window->toolbar->separators[line++];
             EXPECT_GT(separator->x(), image(i).geometry().right());
             EXPECT_LT(separator->geometry().right(), image(i + 1).x());
         }
     }
-    EXPECT_EQ(line, window->Picture1->Line2.size());
+    EXPECT_EQ(line, window->toolbar->separators.size());
 }
 
 TEST_F(ToolBarTest, OnlyStopStandsThereDuringAnOperation)
@@ -64,7 +64,7 @@ TEST_F(ToolBarTest, OnlyStopStandsThereDuringAnOperation)
     for (std::size_t i = 0; i < ToolBar::stopimage; ++i)
         EXPECT_FALSE(image(i).isVisible()) << i;
     EXPECT_TRUE(image(ToolBar::stopimage).isVisible());
-    for (const QFrame* line : window->Picture1->Line2)
+    for (const QFrame* line : window->toolbar->separators)
         EXPECT_FALSE(line->isVisible());
     window->setbusy(false);
     EXPECT_TRUE(image(0).isVisible());
@@ -76,7 +76,7 @@ TEST_F(ToolBarTest, StopStaysInReachInANarrowWindow)
     window->resize(300, 300);
     QTest::qWait(1);
     window->setbusy(true);
-    EXPECT_LE(image(ToolBar::stopimage).geometry().right(), window->Picture1->width());
+    EXPECT_LE(image(ToolBar::stopimage).geometry().right(), window->toolbar->width());
     opbusy = 1;
     QTest::mouseClick(&image(ToolBar::stopimage), Qt::LeftButton);
     EXPECT_EQ(opbusy, 0);
@@ -134,7 +134,7 @@ static double covered(const QString& file, int side)
 TEST_F(ToolBarTest, EveryImageHasADrawingOfItsOwn)
 {
     std::vector<QImage> pictures;
-    for (ToolButton* button : window->Picture1->Image1) {
+    for (ToolButton* button : window->toolbar->buttons) {
         button->setEnabled(true);
         QImage picture(48, 48, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);

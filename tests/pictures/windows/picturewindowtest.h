@@ -28,7 +28,7 @@ protected:
         window = windowof(*picture);
         ASSERT_NE(window, nullptr);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-        surface = window->findChild<QWidget*>(QStringLiteral("Picture1"));
+        surface = window->findChild<QWidget*>(QStringLiteral("surface"));
         cursor = {};
     }
 

@@ -50,52 +50,91 @@ TEST_F(FrmPic, APictureWiderThanTheWindowOpensAtItsMiddle)
     const OpenPicture* large = drawmap(openpic("", -1), true);
     window = windowof(*large);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-    const QScrollBar* across = bar("HScroll1");
-    const QScrollBar* down = bar("VScroll1");
+    const QScrollBar* across = bar("acrossbar");
+    const QScrollBar* down = bar("downbar");
     ASSERT_TRUE(across->isVisible());
     ASSERT_TRUE(down->isVisible());
     EXPECT_EQ(across->maximum(), 1000 - (400 - down->width()));
     EXPECT_EQ(across->value(), across->maximum() / 2);
     EXPECT_EQ(down->value(), down->maximum() / 2);
     EXPECT_EQ(across->pageStep(), 10);
-    const auto* large1 = window->findChild<QWidget*>(QStringLiteral("Picture1"));
+    const auto* large1 = window->findChild<QWidget*>(QStringLiteral("surface"));
     EXPECT_EQ(large1->pos(), QPoint(-across->value(), -down->value()));
-    EXPECT_TRUE(window->findChild<QWidget*>(QStringLiteral("Picture2"))->isVisible());
-    bar("HScroll1")->setValue(7);
+    EXPECT_TRUE(window->findChild<QWidget*>(QStringLiteral("grip"))->isVisible());
+    bar("acrossbar")->setValue(7);
     EXPECT_EQ(large1->x(), -7);
     window->resize(1100, 900);
     EXPECT_FALSE(across->isVisible());
-    EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("Picture2"))->isVisible());
+    EXPECT_EQ(large1->pos(), QPoint((1100 - 1000) / 2, (900 - 800) / 2));
+    EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("grip"))->isVisible());
 }
 
 TEST_F(FrmPic, TheWheelMovesALargePicture)
 {
     window->resize(150, 120);
     const auto turn = [this](const QPoint& angle, Qt::KeyboardModifiers keys) {
-        QWheelEvent event({20, 20}, window->mapToGlobal(QPointF(20, 20)), {}, angle, {}, keys, {},
+        QWheelEvent event({20, 20}, surface->mapToGlobal(QPointF(20, 20)), {}, angle, {}, keys, {},
                           false);
-        QApplication::sendEvent(window, &event);
+        QApplication::sendEvent(surface, &event);
     };
-    bar("VScroll1")->setValue(0);
-    bar("HScroll1")->setValue(0);
+    bar("downbar")->setValue(0);
+    bar("acrossbar")->setValue(0);
     turn({0, -120}, {});
-    EXPECT_EQ(bar("VScroll1")->value(), 60);
+    EXPECT_EQ(bar("downbar")->value(), 60);
     turn({0, 60}, {});
-    EXPECT_EQ(bar("VScroll1")->value(), 30);
+    EXPECT_EQ(bar("downbar")->value(), 30);
     turn({0, -120}, Qt::ShiftModifier);
     turn({-40, 0}, {});
-    EXPECT_EQ(bar("HScroll1")->value(), 80);
-    EXPECT_EQ(bar("VScroll1")->value(), 30);
+    EXPECT_EQ(bar("acrossbar")->value(), 80);
+    EXPECT_EQ(bar("downbar")->value(), 30);
 }
 
 TEST_F(FrmPic, TheGripResizesTheWindow)
 {
     window->resize(150, 120);
-    auto* grip = window->findChild<QWidget*>(QStringLiteral("Picture2"));
+    auto* grip = window->findChild<QWidget*>(QStringLiteral("grip"));
     ASSERT_TRUE(grip->isVisible());
-    QTest::mousePress(grip, Qt::LeftButton, {}, QPoint(3, 3));
-    QTest::mouseRelease(grip, Qt::LeftButton, {}, QPoint(43, 23));
+    const QPoint from = grip->mapToGlobal(QPoint(3, 3));
+    const auto send = [grip](QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, grip->mapFromGlobal(QPointF(at)), QPointF(at), Qt::LeftButton,
+                          buttons, {});
+        QApplication::sendEvent(grip, &event);
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+    send(QEvent::MouseMove, from + QPoint(40, 20), Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, from + QPoint(40, 20), Qt::NoButton);
     EXPECT_EQ(window->size(), QSize(190, 140));
+}
+
+TEST_F(FrmPic, OneBarCanForceTheOther)
+{
+    window->resize(400, 300);
+    const int bar1 = bar("downbar")->sizeHint().width();
+    window->resize(301 + bar1 - 1, 200); // wide enough, but for the bar that the height needs
+    EXPECT_TRUE(bar("downbar")->isVisible());
+    EXPECT_TRUE(bar("acrossbar")->isVisible());
+    EXPECT_EQ(bar("acrossbar")->maximum(), 1);
+    window->resize(301 + bar1, 200);
+    EXPECT_TRUE(bar("downbar")->isVisible());
+    EXPECT_FALSE(bar("acrossbar")->isVisible());
+    EXPECT_EQ(bar("downbar")->maximum(), 1);
+    EXPECT_EQ(bar("downbar")->height(), 200) << "without a grip the bar has the whole edge";
+    window->resize(301, 201);
+    EXPECT_FALSE(bar("downbar")->isVisible());
+    EXPECT_FALSE(bar("acrossbar")->isVisible());
+    EXPECT_EQ(surface->pos(), QPoint(0, 0));
+}
+
+TEST_F(FrmPic, AWideSurfaceScrollsAcrossAndIsCentredUpward)
+{
+    window->resize(200, 300);
+    EXPECT_TRUE(bar("acrossbar")->isVisible());
+    EXPECT_FALSE(bar("downbar")->isVisible());
+    EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("grip"))->isVisible());
+    const int room = 300 - bar("acrossbar")->height();
+    EXPECT_EQ(surface->y(), (room - 201) / 2);
+    EXPECT_EQ(bar("acrossbar")->width(), 200);
+    EXPECT_EQ(bar("acrossbar")->pageStep(), 10);
 }
 
 TEST_F(FrmPic, APressMovesTheCursor)
@@ -178,7 +217,7 @@ TEST_F(FrmPic, TheStatusLineTellsTheSourceOfAnotherPictureOnly)
         QApplication::sendEvent(view, &event);
     };
     const OpenPicture* other = drawmap(openpic("", -1), true);
-    auto* second = windowof(*other)->findChild<QWidget*>(QStringLiteral("Picture1"));
+    auto* second = windowof(*other)->findChild<QWidget*>(QStringLiteral("surface"));
     focus(second, true);
     label2 = "vue.dat a été enregistrée";
     focus(second, false); // a box that closes again
