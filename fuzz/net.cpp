@@ -13,6 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const NetworkTables defaults = defaulttables();
     NetworkTables tables = defaults;
     NetFile file;
+    netbeginning(bytes);
     const NetStatus status = parsenet(bytes, tables, file);
     findunit(tables, tables.units[MAXUNIT].name.text());
     if (status != NetStatus::ok || file.older)

@@ -1,5 +1,6 @@
 // The desktop program. Everything it does begins in startup().
 
+#include "app/windows/endsignals.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/sessionstore.h"
 #include "app/windows/shellhooks.h"
@@ -82,6 +83,7 @@ int main(int argc, char** argv)
     const std::string file = readcommandline(application);
     usesettingsfile();
     fillhooks();
+    endonsignals();
     const std::unique_ptr<frmMain> window = startup(file);
     return window ? QApplication::exec() : 1;
 }

@@ -25,7 +25,8 @@ Hooks::Hooks()
       openpictures([] { return std::vector<std::string>(); }),
       placepicture([](const std::string&, const float*, const float*) {}),
       drawmap([](const std::string&) {}), mapchanged([] {}), netreplaced([] {}), netsloaded([] {}),
-      unitmoved([](int) {}), viewtext([](const std::string&) {})
+      unitmoved([](int) {}), writerecovery([] {}), attributeslost([](const std::string&) {}),
+      viewtext([](const std::string&) {})
 {
 }
 

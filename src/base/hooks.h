@@ -56,6 +56,10 @@ struct Hooks {
     std::function<void()> netsloaded;
     /// A station was moved by itself, without its links: it is drawn alone.
     std::function<void(int unit)> unitmoved;
+    /// The system ends the program: what is unsaved must be kept, as the user can't be asked.
+    std::function<void()> writerecovery;
+    /// A file of this path was written, but could not keep all of its owner, rights and names.
+    std::function<void(const std::string& path)> attributeslost;
     /// Opens a text file in the desktop's own viewer.
     std::function<void(const std::string& path)> viewtext;
 

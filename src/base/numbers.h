@@ -60,5 +60,6 @@ struct FieldCheck {
     bool inbounds; ///< false: the field shows its text in red
 };
 
-/// Reads a field's text as a number (text that is none counts as 0) and holds it within lo and hi.
+/// Reads a field's text as a typed number (text that is none counts as 0) and holds it within lo
+/// and hi.
 FieldCheck checkfield(double lo, double hi, std::string_view text);

@@ -133,6 +133,32 @@ std::optional<std::string> findfile(std::string_view path)
     return findpath(path, isfile);
 }
 
+std::string keptname(std::string_view path)
+{
+    const std::string given = trimmed(path);
+    std::string lower = lowercase(given);
+    const auto meant = findfile(given);
+    const auto reached = findfile(lower);
+    std::error_code error;
+    const bool other = meant && (!reached || !fs::equivalent(*meant, *reached, error));
+    return other ? given : lower;
+}
+
+bool isfullpath(std::string_view path)
+{
+    return path.starts_with('/') || path.starts_with('\\') ||
+           path.substr(std::min<std::size_t>(path.size(), 1)).starts_with(':');
+}
+
+std::string fullpath(std::string_view path)
+{
+    std::error_code error;
+    const fs::path here = fs::current_path(error);
+    if (path.empty() || isfullpath(path) || error)
+        return std::string(path);
+    return asfolder(here.string()) + std::string(path);
+}
+
 std::string targetpath(std::string_view path)
 {
     if (auto existing = findfile(path))

@@ -26,6 +26,16 @@ std::string unquoted(std::string_view path);
 /// there is none. A folder is not a file.
 std::optional<std::string> findfile(std::string_view path);
 
+/// The name under which a path stays in memory, trimmed: in lower case, as the formats say; as it
+/// is given where lower case names another file ("Nord.net" beside "nord.net").
+std::string keptname(std::string_view path);
+
+/// The path of a file from the root; one that begins with a drive letter or a separator stays.
+std::string fullpath(std::string_view path);
+
+/// True for a path that begins at a root, of this system or of one with drives.
+bool isfullpath(std::string_view path);
+
 /// The path to write a file to: an existing file by the rule of `findfile`; else the file part of
 /// the name, as given, in its folder found by the same rule; else the name as it stands.
 std::string targetpath(std::string_view path);
@@ -59,7 +69,17 @@ inline std::span<const std::byte> asbytes(std::string_view text)
 /// Writes a file as a whole: into a temporary file beside it, flushed to the disk, then renamed
 /// over it, so that a crash or a full disk leaves the old file whole. Several parts are written one
 /// after the other. False, with nothing left behind, when any step fails; `why` then tells the
-/// system's reason. An existing file keeps its permissions, a symbolic link its target.
+/// system's reason. An existing file keeps its owner, group, permissions, access list and extended
+/// attributes, a symbolic link its target. A file that would lose one of these, that has several
+/// names, or whose folder takes no new file is written in place, with a copy of its old bytes in
+/// the user's data folder until that is done.
 bool writefile(const std::string& path, std::span<const std::string_view> parts,
                std::string* why = nullptr);
 bool writefile(const std::string& path, std::string_view content, std::string* why = nullptr);
+
+/// True when this thread's last `writefile` has written the file, but could keep neither what
+/// belongs to it nor a copy that would have let it be written in place.
+bool attributeslost();
+/// The same in words for the status line, to stand behind "a été enregistré"; empty when nothing
+/// was lost.
+std::string lostnote();

@@ -15,7 +15,7 @@ std::string appversion()
 
 void addrecent(std::string& path)
 {
-    path = lowercase(trimmed(path));
+    path = keptname(path);
     const std::string name = nameof(path);
     auto& recent = session.recent;
     auto* known = std::find_if(recent.begin(), recent.end(), [&](const std::string& entry) {

@@ -49,7 +49,8 @@ struct Session {
 };
 extern Session session;
 
-/// Enters a network file in `recent`: lower case, trimmed (the caller's path too), newest first.
+/// Enters a network file in `recent` under the name by which it is kept (see `keptname`; the
+/// caller's path too), newest first.
 /// Two networks of one file name share an entry. The menu and the caption follow by a hook.
 void addrecent(std::string& path);
 

@@ -1,42 +1,15 @@
+#include "base/fileattributes.h"
+#include "base/hooks.h"
+#include "base/inplace.h"
+#include "base/openfile.h"
 #include "base/paths.h"
+#include "base/temporaryfile.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
-
-namespace
-{
-/// An open file that closes itself.
-class OpenFile
-{
-public:
-    OpenFile(const std::string& path, int flags, mode_t mode = 0)
-        : handle(::open(path.c_str(), flags | O_CLOEXEC, mode))
-    {
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() { close(); }
-
-    int get() const { return handle; }
-    bool good() const { return handle >= 0; }
-    bool close()
-    {
-        const bool closed = handle < 0 || ::close(handle) == 0;
-        handle = -1;
-        return closed;
-    }
-
-private:
-    int handle;
-};
-} // namespace
 
 static std::optional<struct stat> regularstatus(const OpenFile& file)
 {
@@ -68,64 +41,66 @@ std::optional<std::string> readfile(const std::string& path, std::size_t limit)
     return content;
 }
 
-static bool writeall(int handle, std::span<const std::string_view> parts)
+static thread_local bool lost = false;
+
+bool attributeslost()
 {
-    for (std::string_view part : parts) {
-        while (!part.empty()) {
-            const ssize_t put = ::write(handle, part.data(), part.size());
-            if (put < 0 && errno != EINTR)
-                return false;
-            part.remove_prefix(put < 0 ? 0 : static_cast<std::size_t>(put));
-        }
+    return lost;
+}
+
+std::string lostnote()
+{
+    return lost ? ", sans garder son propriétaire, ses droits ou ses liens" : "";
+}
+
+/// True for the reasons for which a folder, or the name's place in it, takes no new file, though
+/// the file itself may be written.
+static bool folderrefuses(int reason)
+{
+    return reason == EACCES || reason == EPERM || reason == EROFS || reason == EBUSY ||
+           reason == ENAMETOOLONG;
+}
+
+using Parts = std::span<const std::string_view>;
+
+/// Writes a new file beside the target, and renames it. 0 or the system's error number.
+static int finish(TemporaryFile& file, const std::string& target, Parts parts)
+{
+    return writeall(file.get(), parts) ? file.replace(target) : errno;
+}
+
+static int newfile(const std::string& target, Parts parts)
+{
+    constexpr mode_t usual = 0666; // less what the user's mask takes
+    TemporaryFile file(target, usual);
+    return file.good() ? finish(file, target, parts) : file.error();
+}
+
+/// Replaces a file by a new one with all that belongs to it but its bytes; one that would lose
+/// something by that is written in place.
+static int replacefile(const std::string& target, Parts parts, const struct stat& old)
+{
+    constexpr mode_t own = 0600; // until it has the old one's
+    const bool linked = old.st_nlink > 1;
+    if (linked)
+        if (const auto reason = writeinplace(target, parts))
+            return *reason;
+    int reason = 0;
+    {
+        TemporaryFile file(target, own);
+        lost = file.good() && (!copyattributes(target, old, file.get()) || linked);
+        if (lost && !linked)
+            if (const auto written = writeinplace(target, parts)) {
+                lost = false;
+                return *written;
+            }
+        reason = file.good() ? finish(file, target, parts) : file.error();
     }
-    return true;
-}
-
-/// A new name in the target's folder.
-static std::string temporaryname(const std::string& target)
-{
-    static int counter = 0;
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    return folder + ".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(++counter) +
-           ".tmp";
-}
-
-/// Makes a rename last through a crash. A folder that cannot be flushed is no failure of the write.
-static void flushfolder(const std::string& target)
-{
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    const OpenFile handle(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
-    if (handle.good())
-        ::fsync(handle.get());
-}
-
-/// Writes and renames; 0 or the system's error number.
-static int replacefile(const std::string& target, std::span<const std::string_view> parts,
-                       const struct stat* old)
-{
-    std::string temporary;
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        temporary = temporaryname(target);
-        OpenFile file(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
-        if (!file.good() && errno == EEXIST)
-            continue; // left by a crashed run that had the same number
-        if (!file.good())
-            return errno;
-        const bool modekept = old == nullptr || ::fchmod(file.get(), old->st_mode & 07777) == 0;
-        if (modekept && writeall(file.get(), parts) && ::fsync(file.get()) == 0 && file.close() &&
-            ::rename(temporary.c_str(), target.c_str()) == 0) {
-            flushfolder(target);
-            return 0;
-        }
-        const int reason = errno;
-        ::unlink(temporary.c_str());
-        return reason;
-    }
-    return EEXIST;
+    return folderrefuses(reason) ? writeinplace(target, parts).value_or(reason) : reason;
 }
 
 /// Writes to something that is no file and cannot be replaced, such as a device or a pipe.
-static int writedirectly(const std::string& target, std::span<const std::string_view> parts)
+static int writedirectly(const std::string& target, Parts parts)
 {
     OpenFile file(target, O_WRONLY);
     return file.good() && writeall(file.get(), parts) && file.close() ? 0 : errno;
@@ -141,24 +116,27 @@ static std::string linktarget(const std::string& path)
     return target.string();
 }
 
-static int writetarget(const std::string& path, std::span<const std::string_view> parts)
+static int writetarget(const std::string& path, Parts parts)
 {
     const std::string target = linktarget(path);
     struct stat old = {};
     if (::stat(target.c_str(), &old) != 0)
-        return errno == ENOENT ? replacefile(target, parts, nullptr) : errno;
+        return errno == ENOENT ? newfile(target, parts) : errno;
     if (S_ISDIR(old.st_mode))
         return EISDIR;
     if (::access(target.c_str(), W_OK) != 0)
         return errno;
-    return S_ISREG(old.st_mode) ? replacefile(target, parts, &old) : writedirectly(target, parts);
+    return S_ISREG(old.st_mode) ? replacefile(target, parts, old) : writedirectly(target, parts);
 }
 
 bool writefile(const std::string& path, std::span<const std::string_view> parts, std::string* why)
 {
+    lost = false;
     const int reason = path.empty() ? ENOENT : writetarget(path, parts);
     if (reason != 0 && why != nullptr)
         *why = std::generic_category().message(reason);
+    if (reason == 0 && lost)
+        hooks.attributeslost(path);
     return reason == 0;
 }
 

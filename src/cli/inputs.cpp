@@ -16,14 +16,15 @@ namespace
 {
 /// Longitudes beyond so many degrees are slips of the pen.
 constexpr double mostdegrees = 3600;
-/// Far more than the tables and any list of pictures take.
-constexpr std::size_t mostnetbytes = std::size_t{1} << 24;
 
 const char* reason(MapStatus status)
 {
     switch (status) {
     case MapStatus::truncated:
+    case MapStatus::incomplete:
         return "the map is incomplete";
+    case MapStatus::toolarge:
+        return "too large for a map";
     case MapStatus::badformat:
         return "not a map, or a damaged one";
     case MapStatus::stopped:
@@ -40,18 +41,22 @@ const char* reason(NetStatus status)
         return "not a network, or an incomplete one";
     case NetStatus::mapfile:
         return "a map under the name of a network";
+    case NetStatus::toolarge:
+        return "too large for a network";
+    case NetStatus::foreign:
+        return "not a network";
     default:
         return "cannot be read";
     }
 }
 
-/// The network's own map. Its name is a path on the machine that saved it; the map is also looked
-/// for beside the network.
+/// The network's own map. Its name is a path on the machine that saved it, or one beside the
+/// network; the map is also looked for there by its bare name.
 void openownmap(const std::string& path, const std::string& name)
 {
     if (trimmed(name).empty())
         throw Failure(path, "names no map; give one with --map");
-    openmap(name);
+    openmap(besidenetwork(name));
 }
 
 /// Slot by number or name, found by one of the tables' procedures.
@@ -84,10 +89,10 @@ void openmap(const std::string& path)
     mapname.clear();
     if (loadmap(path))
         return;
-    // A map that was found has left its name.
-    if (mapname.empty())
+    // A map that was found but can't be read has left its name.
+    if (mapname.empty() && lastmapstatus() == MapStatus::unreadable)
         throw Failure(path, "map not found");
-    throw Failure(mapname, reason(lastmapstatus()));
+    throw Failure(mapname.empty() ? path : mapname, reason(lastmapstatus()));
 }
 
 NetFile readnetwork(const std::string& path, NetworkTables& tables)
@@ -97,7 +102,9 @@ NetFile readnetwork(const std::string& path, NetworkTables& tables)
     const std::optional<std::string> found = findfile(unquoted(path));
     if (!found)
         throw Failure(path, "network not found");
-    const std::optional<std::string> content = readfile(*found, mostnetbytes);
+    if (const NetStatus kind = probenet(*found); kind != NetStatus::ok)
+        throw Failure(path, reason(kind));
+    const std::optional<std::string> content = readfile(*found);
     if (!content)
         throw Failure(path, "cannot be read");
     NetFile file;

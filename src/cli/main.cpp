@@ -1,3 +1,4 @@
+#include "base/temporaryfile.h"
 #include "cli/program.h"
 
 #include <csignal>
@@ -5,5 +6,6 @@
 int main(int argc, char** argv)
 {
     std::signal(SIGXFSZ, SIG_IGN); // a limit on files is met as a full disk is: the write fails
+    cleanuponsignals();
     return runprogram(argc, argv);
 }

@@ -1,5 +1,6 @@
 #include "cli/program.h"
 
+#include "base/hooks.h"
 #include "base/session.h"
 #include "cli/command.h"
 #include "cli/failure.h"
@@ -53,6 +54,9 @@ ExitStatus complain(ExitStatus status, std::string text)
 
 int runprogram(int argc, const char* const* argv)
 {
+    hooks.attributeslost = [](const std::string& path) {
+        complain(done, path + ": written, but its owner, rights or other names are not kept");
+    };
     try {
         CLI::App program("Plan radio networks over real terrain, without a window.", "velmora-cli");
         program.set_version_flag("--version", "velmora-cli " + appversion());

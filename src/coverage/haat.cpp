@@ -114,7 +114,8 @@ void haatreport(int unit, int net)
 {
     const HaatReport report = haattext(network, mapgrid, unit, net);
     const std::string path = targetpath(userfolder() + "Haat.txt");
-    if (!writefile(path, toansi(report.text)) || !report.complete) {
+    const bool begun = !report.text.empty(); // without a net the last report stays
+    if (!begun || !writefile(path, toansi(report.text)) || !report.complete) {
         telluser("Unable to create Haat report");
         return;
     }

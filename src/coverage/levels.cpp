@@ -64,6 +64,13 @@ Levels changeunit(LevelUnit from, LevelUnit to, Levels levels)
     return {std::clamp(levels.low, low, high), std::clamp(levels.high, low, high)};
 }
 
+Levels openinglevels(LevelUnit unit, Levels levels)
+{
+    constexpr Levels allsunits{1, 9};
+    const Levels held = changeunit(unit, unit, levels);
+    return unit == LevelUnit::sunit && held == Levels{1, 1} ? allsunits : held;
+}
+
 double smargin(float level, double freq_mhz)
 {
     const double step_db = freq_mhz < shortwave_mhz ? 6 : 3;

@@ -38,6 +38,10 @@ struct Levels {
 /// otherwise they are held within the new unit's bounds.
 Levels changeunit(LevelUnit from, LevelUnit to, Levels levels);
 
+/// The levels with which a dialog opens: as held, and from S 1 to S 9 where a network that never
+/// had levels in S-units would offer S 1 twice.
+Levels openinglevels(LevelUnit unit, Levels levels);
+
 /// A level in S-units as a margin in dB above the receiver's threshold.
 double smargin(float level, double freq_mhz);
 

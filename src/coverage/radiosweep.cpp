@@ -105,6 +105,8 @@ std::optional<RadioSweep> preparesweep(const NetworkTables& tables, const MapGri
     sweep.azimuths = radialazimuths(order.bounds);
 
     setlink(tables, order.centre, order.mobile, order.net, sweep.link);
+    if (!finitelink(sweep.link))
+        return std::nullopt;
     sweep.gain_db = order.mobiletransmits ? sweep.link.gain21 : sweep.link.gain12;
     sweep.freq_mhz = static_cast<float>(sweep.link.record.freq);
     const int receiver = order.mobiletransmits ? order.centre : order.mobile;
@@ -113,6 +115,15 @@ std::optional<RadioSweep> preparesweep(const NetworkTables& tables, const MapGri
     sweep.margins = levelmargins(order.unit, order.levels, order.rainbow, sweep.link.record.freq,
                                  threshold_dbm);
     return sweep;
+}
+
+bool hasscale(const RadioSweep& sweep)
+{
+    const CoverageOrder& order = sweep.order;
+    if (!order.surface || !order.rainbow)
+        return true;
+    return order.unit == LevelUnit::sunit ? order.levels.low != order.levels.high
+                                          : sweep.margins.low != sweep.margins.high;
 }
 
 void sweepradial(const RadioSweep& sweep, int k, RadioRadial& radial)

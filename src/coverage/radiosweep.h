@@ -78,10 +78,14 @@ struct SectorPaint {
 };
 
 /// Makes a sweep ready around the centre station, which stands on pixel (x0, y0) of the map's own
-/// picture. Nothing when net or stations are missing or the same, or the map has no extent.
+/// picture. Nothing when net or stations are missing or the same, the frequency or a gain is not
+/// finite, or the map has no extent.
 std::optional<RadioSweep> preparesweep(const NetworkTables& tables, const MapGrid& map,
                                        const CoverageOrder& order, const SweepCentre& centre,
                                        std::int16_t interference);
+
+/// False for a rainbow whose two levels leave no scale to divide by: its first sample would fail.
+bool hasscale(const RadioSweep& sweep);
 
 /// Losses and colours along radial k. Touches nothing but its own result.
 void sweepradial(const RadioSweep& sweep, int k, RadioRadial& radial);

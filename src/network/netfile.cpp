@@ -185,6 +185,26 @@ static NetStatus parseolder(ByteReader& reader, NetworkTables& tables, NetFile& 
     return complete ? NetStatus::ok : NetStatus::truncated;
 }
 
+bool netbeginning(std::span<const std::byte> bytes)
+{
+    ByteReader reader(bytes);
+    float signature = 0;
+    if (!reader.read(signature))
+        return true; // nothing speaks against it
+    if (signature == mapsignature || signature == netsignature)
+        return true;
+    ByteReader older(bytes);
+    std::uint16_t length = 0;
+    older.read(length);
+    constexpr std::uint16_t longestname = 1024;
+    if (length > longestname)
+        return false;
+    for (std::uint8_t c = 0; length > 0 && older.read(c); --length)
+        if (c < ' ')
+            return false;
+    return true;
+}
+
 NetStatus parsenet(std::span<const std::byte> bytes, NetworkTables& tables, NetFile& file)
 {
     ByteReader reader(bytes);

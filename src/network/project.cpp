@@ -105,6 +105,41 @@ static void framestations(const NetworkTables& tables, MapRecord& record)
     record.mapsize = static_cast<float>(kmperdegree * smax(wide(latmax) - wide(latmin), lonspan));
 }
 
+std::string besidenetwork(const std::string& name)
+{
+    const std::string bare = trimmed(name);
+    if (bare.empty() || isfullpath(bare))
+        return name;
+    if (const auto beside = findfile(pathof(session.netfile) + bare))
+        return fullpath(*beside);
+    const auto here = findfile(bare);
+    return here ? fullpath(*here) : name;
+}
+
+NetStatus probenet(const std::string& path)
+{
+    constexpr std::size_t beginning = 2048; // bytes; a map's name and more
+    const auto found = findfile(path);
+    const auto first = found ? readfile(*found, beginning) : std::nullopt;
+    if (!first)
+        return NetStatus::unreadable;
+    std::error_code error;
+    if (fs::file_size(*found, error) > mostnetbytes)
+        return NetStatus::toolarge;
+    return netbeginning(asbytes(*first)) ? NetStatus::ok : NetStatus::foreign;
+}
+
+/// True when a network's file is not even tried; the status line says why.
+static bool refused(const std::string& path)
+{
+    laststatus = lowercase(path).ends_with("net") ? probenet(path) : NetStatus::unreadable;
+    if (laststatus == NetStatus::toolarge)
+        hooks.setlabel2(nameof(path) + " : fichier trop grand");
+    if (laststatus == NetStatus::foreign)
+        hooks.setlabel2(nameof(path) + " : ce n'est pas un fichier de réseaux");
+    return laststatus == NetStatus::toolarge || laststatus == NetStatus::foreign;
+}
+
 /// Reads the tables of the file and opens its pictures.
 static NetStatus readtables(const std::string& path)
 {
@@ -115,15 +150,15 @@ static NetStatus readtables(const std::string& path)
     file.mapname = mapname;
     const NetStatus status = parsenet(asbytes(*content), network, file);
     hooks.netreplaced();
-    mapname = file.mapname;
+    mapname = status == NetStatus::mapfile ? mapname : besidenetwork(file.mapname);
     for (const std::string& picture : file.pictures)
-        hooks.openpicture(picture, 2);
+        hooks.openpicture(besidenetwork(picture), 2);
     return status;
 }
 
 static NetStatus readproject(const std::string& path)
 {
-    const std::optional<std::string> found = path.ends_with("net") ? findfile(path) : std::nullopt;
+    const auto found = lowercase(path).ends_with("net") ? findfile(path) : std::nullopt;
     if (!found)
         return NetStatus::unreadable;
     const NetStatus status = readtables(*found);
@@ -135,14 +170,18 @@ static NetStatus readproject(const std::string& path)
     loadmap(mapname);
     hooks.netsloaded();
     gotofolder(pathof(*found));
+    if (mapincomplete)
+        hooks.setlabel2(nameof(mapname) + " : carte incomplète");
     return status;
 }
 
 void loadnet(const std::string& path)
 {
+    if (refused(unquoted(path)))
+        return;
     const Busy busy;
     hooks.pumpevents();
-    session.netfile = lowercase(unquoted(path));
+    session.netfile = keptname(unquoted(path));
     writesetting("LastProject", session.netfile);
     addrecent(session.netfile);
     laststatus = readproject(session.netfile);
@@ -175,12 +214,13 @@ bool savenet(const std::string& path, std::string* why)
         telluser(path + " impossible à enregistrer");
         return false;
     }
+    const std::string note = isnet ? lostnote() : std::string();
     if (isnet) {
         session.netfile = path;
         writesetting("LastProject", session.netfile);
     }
     marksaved();
     addrecent(session.netfile);
-    hooks.setlabel2(nameof(path) + " a été enregistré");
+    hooks.setlabel2(nameof(path) + " a été enregistré" + note);
     return true;
 }

@@ -134,10 +134,16 @@ std::string readingtext(const LRRecord& record, double margin)
     return text + " )";
 }
 
-void writetexts(const StationNames& names, const Link& link, LinkAnalysis& analysis)
+void writetexts(const StationNames& names, bool finite, const Link& link, LinkAnalysis& analysis)
 {
     analysis.linktext[0] = distancetext(names, link.profile);
     analysis.linktext[1] = elevationtext(link.profile);
+    if (!finite) {
+        analysis.linktext[2] = " Aucun lien";
+        analysis.linktext[3] =
+            " La fréquence ou un gain n'est pas un nombre fini: calcul impossible.";
+        return;
+    }
     analysis.linktext[2] = modetext(link, analysis);
     analysis.linktext[3] = losstext(link.record) + separator + gaintext(names, link) + separator +
                            margintext(analysis.margin) + separator +
@@ -157,11 +163,13 @@ bool analyselink(const NetworkTables& tables, const MapGrid& map, int unitA, int
     link.losses.assign(link.profile.elevations_m.size(), 0);
     setends(left, right, link.profile);
     const bool withnet = net > 0;
+    bool finite = true;
     analysis.margin = 0;
     analysis.earth = standardearth;
     analysis.crossing.reset();
     if (withnet) {
         setlink(tables, unitA, unitB, net, link);
+        finite = finitelink(link);
         analysis.margin = linkmargin(tables.net(net), false, options.interference, link);
         analysis.earth = earthfactor(link.record.ns);
         analysis.crossing = horizoncrossing(link);
@@ -173,7 +181,7 @@ bool analyselink(const NetworkTables& tables, const MapGrid& map, int unitA, int
     analysis.top2 = double{right.elevation} + link.record.h2;
     raiseprofile(withnet, link, analysis);
     if (withnet)
-        writetexts({left.name.text(), right.name.text()}, link, analysis);
+        writetexts({left.name.text(), right.name.text()}, finite, link, analysis);
     else
         analysis.linktext = {" Impossibilité de montrer les détails", "", "", ""};
     return true;

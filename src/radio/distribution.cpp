@@ -50,7 +50,7 @@ std::optional<Distribution> distribution(const NetworkTables& tables, const MapG
     Link& link = study.link;
     const Unit& left = tables.unit(a);
     const Unit& right = tables.unit(b);
-    if (!study.done || net < 1)
+    if (!study.done || net < 1 || !std::isfinite(link.record.freq))
         return std::nullopt;
     if (cutprofile(map, left, right, link.profile) < 1)
         return std::nullopt;

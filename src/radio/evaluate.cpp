@@ -100,7 +100,8 @@ void evaluatepair(const NetworkTables& tables, const MapGrid& map, bool allnets,
             cut = true;
         }
         setlink(tables, pair.a, pair.b, n, link);
-        entermargin(linkmargin(net, true, interference, link), n, pair, table);
+        if (finitelink(link))
+            entermargin(linkmargin(net, true, interference, link), n, pair, table);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 std::int16_t interf = 0;
@@ -94,11 +95,33 @@ void setlink(const NetworkTables& tables, int unitA, int unitB, int net, Link& t
     record.freq = (double{source.fmin} + double{source.fmax}) * 0.5;
 }
 
+bool finitelink(const Link& link)
+{
+    return std::isfinite(link.record.freq) && std::isfinite(link.gain12) &&
+           std::isfinite(link.gain21);
+}
+
+/// What stands for the model's answer about a link that is none: nothing is received anywhere,
+/// whoever reads gains and losses.
+static double nolink(Link& target)
+{
+    LRRecord& record = target.record;
+    target.gain12 = target.gain21 = 0;
+    std::fill(target.losses.begin(), target.losses.end(), -nomargin_db);
+    record.loss = -nomargin_db;
+    record.dl1 = record.dl2 = record.the1 = record.the2 = record.gme = 0;
+    record.lfree = record.lobst = record.lurban = 0;
+    record.los = record.scatter = 0;
+    return nomargin_db;
+}
+
 double linkmargin(const Net& net, bool farendonly, std::int16_t interference, Link& target)
 {
     target.record.interf = interference;
     target.record.startpt = farendonly ? target.profile.intervals() : 0;
     target.losses.resize(target.profile.elevations_m.size());
+    if (!finitelink(target))
+        return nolink(target);
     lrpath(target.profile.elevations_m, target.profile.spacing_m, target.record, target.losses);
     target.record.lurban = 0;
     if (net.statmode >= urbanbit)
@@ -113,6 +136,8 @@ std::int16_t sunits(float level, float freq_mhz)
     const double step_db = shortwave ? 6 : 3;
     const double level9_db = 8 * step_db;
     const double level_db = double{level};
+    if (std::isnan(level_db))
+        return 0;
     if (level_db < 9 * step_db)
         return static_cast<std::int16_t>(heldround(level_db / step_db + 1, 0, 9));
     return static_cast<std::int16_t>(10 * heldround((level_db - level9_db) / 10, 1, 6));

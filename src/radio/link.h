@@ -31,8 +31,16 @@ float antheight(const NetworkTables& tables, int net, int unit);
 /// Fills the record's inputs, but `startpt` and `interf`, and both system gains.
 void setlink(const NetworkTables& tables, int unitA, int unitB, int net, Link& target);
 
+/// True when the link's frequency and both its gains are finite numbers. One damaged byte of a
+/// network file makes them others; such a link is none.
+bool finitelink(const Link& link);
+
+/// Margin of a link that is none, dB.
+inline constexpr double nomargin_db = -1000;
+
 /// Calls the model on the link's profile and adds the urban factor where the net asks for it.
-/// Returns the margin of the weaker direction, dB.
+/// Returns the margin of the weaker direction, dB: `nomargin_db` for a link that is not finite,
+/// whose gains become 0 and its losses so large that nothing is received.
 ///   farendonly   the loss of the last sample only
 ///   interference propagation mode, 0 or 1
 double linkmargin(const Net& net, bool farendonly, std::int16_t interference, Link& target);

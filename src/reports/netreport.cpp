@@ -26,6 +26,11 @@ constexpr int cellwidth = 3;
 /// Quality of a direct link without margin.
 constexpr int nomargin = 50;
 constexpr int namewidth = 20;
+/// The details, counted from behind the last cell, and the room of a system's name.
+constexpr int rolecolumn = 29;
+constexpr int antennacolumn = 42;
+constexpr int systemcolumn = 52;
+constexpr int systemwidth = 30;
 
 /// Captions by the values of a net's fields.
 constexpr std::array polarisations{"Horizontale", "Verticale"};
@@ -138,12 +143,45 @@ struct ReportedNet {
     std::vector<int> members; ///< enabled stations that are members
     ReportScale scale;
 
+    std::size_t from = 1;  ///< first member that has a column in this block of the matrix
+    std::size_t count = 0; ///< number of such columns
+    bool details = true;   ///< this block shows role, antenna and system
+
     double freq_mhz() const { return (double{net->fmin} + double{net->fmax}) * 0.5; }
     /// Column of a member's cell, k from 1.
-    static int cellcolumn(std::size_t k) { return cellwidth * static_cast<int>(k) + numbercolumn; }
+    int cellcolumn(std::size_t k) const
+    {
+        return cellwidth * static_cast<int>(k - from + 1) + numbercolumn;
+    }
     /// Column behind the last cell, from which the details are counted.
-    int lastcolumn() const { return cellwidth * (static_cast<int>(members.size()) + 1); }
+    int lastcolumn() const { return cellwidth * (static_cast<int>(count) + 1); }
+    /// Column of the last character of the details.
+    int width() const { return lastcolumn() + systemcolumn + systemwidth - 1; }
 };
+
+/// The blocks of a net's matrix that fit on a page: members side by side, and the details behind
+/// the last ones or in a block of their own.
+std::vector<ReportedNet> matrixblocks(const ReportedNet& whole, int columns)
+{
+    std::vector<ReportedNet> blocks;
+    const std::size_t members = whole.members.size();
+    const int room = (columns - numbercolumn - 1) / cellwidth;
+    const std::size_t most = columns > 0 ? static_cast<std::size_t>(smax(room, 1)) : members;
+    for (std::size_t from = 1; from <= members; from += most) {
+        blocks.push_back(whole);
+        blocks.back().from = from;
+        blocks.back().count = smin(most, members - from + 1);
+        blocks.back().details = false;
+    }
+    ReportedNet& last = blocks.back();
+    if (columns > 0 && last.width() > columns) {
+        blocks.push_back(whole);
+        blocks.back().count = 0;
+    } else {
+        last.details = true;
+    }
+    return blocks;
+}
 
 std::vector<int> enabledmembers(const NetworkTables& tables, const Net& net)
 {
@@ -186,12 +224,13 @@ void writematrixheading(ReportWriter& out, const ReportedNet& reported)
     out.endline(2);
     out.write("Participants:");
     out.writeat(numbercolumn, "#");
-    for (std::size_t k = 1; k <= reported.members.size(); ++k)
-        out.writeat(ReportedNet::cellcolumn(k), formatnumber("00", static_cast<double>(k)),
-                    heading);
-    out.writeat(reported.lastcolumn() + 29, "Rôle:");
-    out.writeat(reported.lastcolumn() + 42, "Antenne:");
-    out.writeat(reported.lastcolumn() + 52, "Système:");
+    for (std::size_t k = reported.from; k < reported.from + reported.count; ++k)
+        out.writeat(reported.cellcolumn(k), formatnumber("00", static_cast<double>(k)), heading);
+    if (!reported.details)
+        return;
+    out.writeat(reported.lastcolumn() + rolecolumn, "Rôle:");
+    out.writeat(reported.lastcolumn() + antennacolumn, "Antenne:");
+    out.writeat(reported.lastcolumn() + systemcolumn, "Système:");
 }
 
 void writecell(ReportWriter& out, const ReportedNet& reported, std::size_t k, int a, int b)
@@ -200,7 +239,7 @@ void writecell(ReportWriter& out, const ReportedNet& reported, std::size_t k, in
     const int q = table.at(reported.number, smin(a, b), smax(a, b));
     if (q == 0)
         return;
-    const int column = ReportedNet::cellcolumn(k);
+    const int column = reported.cellcolumn(k);
     if (reported.scale == ReportScale::retransmissions && reported.net->kind() != Topology::star) {
         const int reach = table.at(reported.number, smax(a, b), smin(a, b));
         out.writeat(column, formatnumber("00", reach), reach != 0 ? good : bad);
@@ -215,6 +254,21 @@ void writecell(ReportWriter& out, const ReportedNet& reported, std::size_t k, in
     out.writeat(column, text, q >= nomargin ? good : bad);
 }
 
+/// Role, antenna and system of a member.
+void writedetails(ReportWriter& out, const ReportedNet& reported, int unit)
+{
+    const NetworkTables& tables = *reported.sources->tables;
+    const int role = reported.net->role(unit);
+    const int slot = reported.net->systemof(unit);
+    if (role < static_cast<int>(reported.names.roles.size()))
+        out.writeat(reported.lastcolumn() + rolecolumn,
+                    reported.names.roles[static_cast<std::size_t>(role)], detail);
+    out.writeat(reported.lastcolumn() + antennacolumn,
+                formatnumber("0.0m", double{antheight(tables, reported.number, unit)}), detail);
+    if (slot >= 1 && slot <= MAXSYSTEM)
+        out.writeat(reported.lastcolumn() + systemcolumn, tables.system(slot).name.text(), detail);
+}
+
 void writemember(ReportWriter& out, const ReportedNet& reported, std::size_t k)
 {
     const NetworkTables& tables = *reported.sources->tables;
@@ -222,19 +276,11 @@ void writemember(ReportWriter& out, const ReportedNet& reported, std::size_t k)
     out.endline();
     out.write(firstcharacters(tables.unit(unit).name.text(), namewidth));
     out.writeat(numbercolumn, formatnumber("00", static_cast<double>(k)));
-    for (std::size_t m = 1; m <= reported.members.size(); ++m)
+    for (std::size_t m = reported.from; m < reported.from + reported.count; ++m)
         if (m != k)
             writecell(out, reported, m, unit, reported.members[m - 1]);
-
-    const int role = reported.net->role(unit);
-    const int slot = reported.net->systemof(unit);
-    if (role < static_cast<int>(reported.names.roles.size()))
-        out.writeat(reported.lastcolumn() + 29,
-                    reported.names.roles[static_cast<std::size_t>(role)], detail);
-    out.writeat(reported.lastcolumn() + 42,
-                formatnumber("0.0m", double{antheight(tables, reported.number, unit)}), detail);
-    if (slot >= 1 && slot <= MAXSYSTEM)
-        out.writeat(reported.lastcolumn() + 52, tables.system(slot).name.text(), detail);
+    if (reported.details)
+        writedetails(out, reported, unit);
 }
 
 const char* legend(ReportScale scale)
@@ -250,14 +296,16 @@ const char* legend(ReportScale scale)
     return "Qualité = S-units";
 }
 
-void writenet(ReportWriter& out, const ReportedNet& reported, ReportTarget target)
+void writenet(ReportWriter& out, const ReportedNet& reported, ReportTarget target, int columns)
 {
     writenetheading(out, reported);
     if (target != ReportTarget::screen)
         writepropagation(out, *reported.net);
-    writematrixheading(out, reported);
-    for (std::size_t k = 1; k <= reported.members.size(); ++k)
-        writemember(out, reported, k);
+    for (const ReportedNet& block : matrixblocks(reported, columns)) {
+        writematrixheading(out, block);
+        for (std::size_t k = 1; k <= block.members.size(); ++k)
+            writemember(out, block, k);
+    }
     out.endline(2);
     out.writeat(numbercolumn, legend(reported.scale));
     out.endline();
@@ -265,7 +313,7 @@ void writenet(ReportWriter& out, const ReportedNet& reported, ReportTarget targe
 } // namespace
 
 ReportLines netreportlines(const ReportSources& sources, int first, int last, ReportScale scale,
-                           ReportTarget target)
+                           ReportTarget target, int columns)
 {
     ReportWriter out;
     if (first < 1 || last > MAXNET)
@@ -279,10 +327,14 @@ ReportLines netreportlines(const ReportSources& sources, int first, int last, Re
     }
     for (int n = first; n <= last; ++n) {
         const Net& net = tables.net(n);
-        const ReportedNet reported{
-            &sources, n, &net, rolenames(net.topology & 255), enabledmembers(tables, net), scale};
+        ReportedNet reported{.sources = &sources,
+                             .number = n,
+                             .net = &net,
+                             .names = rolenames(net.topology & 255),
+                             .members = enabledmembers(tables, net),
+                             .scale = scale};
         if (!reported.members.empty())
-            writenet(out, reported, target);
+            writenet(out, reported, target, columns);
     }
     return out.lines();
 }

@@ -26,8 +26,9 @@ struct ReportSources {
 /// Report on nets `first` to `last`, in columns counted in characters. More than one net brings the
 /// general sections too. On the screen the propagation values are left out. A `first` below 1 or a
 /// `last` above 25 gives an empty report.
+///   columns  of the page, for a matrix broken into blocks that fit; 0: as broad as it is
 ReportLines netreportlines(const ReportSources& sources, int first, int last, ReportScale scale,
-                           ReportTarget target);
+                           ReportTarget target, int columns = 0);
 
 /// What the run's own network, map and evaluation give to a report.
 ReportSources reportsources();

@@ -1,13 +1,7 @@
 #include "terrain/mapfile.h"
 
-#include "base/busy.h"
 #include "base/bytes.h"
-#include "base/hooks.h"
 #include "base/numbers.h"
-#include "base/operation.h"
-#include "base/paths.h"
-#include "base/session.h"
-#include "terrain/jobs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -61,11 +55,12 @@ static bool readframe(ByteReader& reader, MapGrid& map)
     return reader.read(map.maplon) && reader.read(map.maplat) && reader.read(map.cities);
 }
 
-static bool holdssamples(const ByteReader& reader, std::int32_t width, std::int32_t height)
+/// Samples of a map that may lack some of them: an extent that a damaged header claims must not
+/// take the memory of the machine.
+static constexpr std::uint64_t mostincomplete = std::uint64_t{1} << 26;
+static std::uint64_t samplecount(std::int32_t width, std::int32_t height)
 {
-    const std::uint64_t samples =
-        static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height);
-    return samples <= reader.left() / sizeof(std::int16_t);
+    return static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height);
 }
 
 static MapStatus parsecurrent(ByteReader& reader, std::span<const std::byte> bytes, MapGrid& map)
@@ -76,18 +71,21 @@ static MapStatus parsecurrent(ByteReader& reader, std::span<const std::byte> byt
         return MapStatus::truncated;
     if (width < 1 || height < 1)
         return MapStatus::badformat;
+    const std::uint64_t count = samplecount(width, height);
+    if (count > smax(mostincomplete, std::uint64_t{reader.left()} / sizeof(std::int16_t)))
+        return MapStatus::truncated;
+    allocatemap(map, width, height);
+    mapframe(map);
     const std::optional<MapRecord> record = readrecord(reader);
     if (!record)
-        return MapStatus::truncated;
+        return MapStatus::incomplete;
     map.record = *record;
-    if (!readframe(reader, map) || !holdssamples(reader, width, height))
-        return MapStatus::truncated;
-    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    map.samples.resize(count);
-    std::memcpy(map.samples.data(), bytes.data() + reader.position(), count * sizeof(std::int16_t));
-    map.width = width;
-    map.height = height;
-    return MapStatus::ok;
+    if (!readframe(reader, map))
+        return MapStatus::incomplete;
+    const std::uint64_t held = smin(count, std::uint64_t{reader.left()} / sizeof(std::int16_t));
+    std::memcpy(map.samples.data(), bytes.data() + reader.position(),
+                static_cast<std::size_t>(held) * sizeof(std::int16_t));
+    return held == count ? MapStatus::ok : MapStatus::incomplete;
 }
 
 static std::int16_t wholeheight(float height)
@@ -125,19 +123,17 @@ static MapStatus parseolder(ByteReader& reader, std::span<const std::byte> bytes
     const bool plausible = record->maplon0 > -181 && record->maplon0 < 181;
     if (!plausible)
         return MapStatus::badformat;
-    map.record = *record;
     std::string text;
     const bool complete = reader.skip(olderunused) && reader.readstring(text) &&
                           reader.readstring(text) && reader.readstring(text);
-    if (!complete)
+    constexpr std::size_t heightbytes = sizeof(float) * olderside * olderside;
+    if (!complete || reader.left() < heightbytes)
         return MapStatus::truncated;
+    map.record = *record;
     map.record.maplon0 = -map.record.maplon0; // it counted west as positive
     if (map.record.maplon0 >= 180)
         map.record.maplon0 -= 360;
     map.record.sourceletter = text.empty() ? ' ' : text.front();
-    constexpr std::size_t heightbytes = sizeof(float) * olderside * olderside;
-    if (reader.left() < heightbytes)
-        return MapStatus::truncated;
     allocatemap(map, olderside, olderside);
     mapframe(map);
     return convertheights(bytes.data() + reader.position(), map, step) ? MapStatus::ok
@@ -174,82 +170,18 @@ std::string mapheader(const MapGrid& map)
     return writer.data();
 }
 
-static MapStatus laststatus = MapStatus::ok;
-
-MapStatus lastmapstatus()
+std::uint64_t mapbytes(std::span<const std::byte> header)
 {
-    return laststatus;
-}
-
-/// A map moves with its network: the path as stored, else its name beside the network, else in the
-/// program's folder.
-static std::optional<std::string> searchmap(const std::string& path)
-{
-    if (auto found = findfile(path))
-        return found;
-    const std::string name = nameof(path);
-    if (auto found = findfile(pathof(session.netfile) + name))
-        return found;
-    return findprogramfile(name);
-}
-
-static MapStatus readoldermap(std::span<const std::byte> bytes)
-{
-    beginop(openmapjob());
-    const MapStatus status = parsemap(bytes, mapgrid, [](int column) {
-        if (column == 0)
-            hooks.setlabel2("Conversion au nouveau format de carte...");
-        return opstep(column) != 0;
-    });
-    if (status == MapStatus::badformat)
-        telluser("Mauvais format de carte");
-    if (status == MapStatus::ok) {
-        const std::string picture = mapname.substr(0, mapname.size() - 3) + "bmp";
-        hooks.openpicture(picture, 1);
-        hooks.placepicture(picture, mapgrid.maplon.data(), mapgrid.maplat.data());
-    }
-    return status;
-}
-
-static MapStatus readmap(const std::string& path)
-{
-    const std::optional<std::string> found = searchmap(path);
-    if (!found)
-        return MapStatus::unreadable;
-    mapname = lowercase(*found);
-    const std::optional<std::string> content = readfile(*found);
-    if (!content)
-        return MapStatus::unreadable;
-    const std::span<const std::byte> bytes = asbytes(*content);
-    return isoldermap(bytes) ? readoldermap(bytes) : parsemap(bytes, mapgrid);
-}
-
-bool loadmap(const std::string& path)
-{
-    const std::string wanted = lowercase(unquoted(path));
-    laststatus = MapStatus::unreadable;
-    if (!wanted.ends_with("map"))
-        return false;
-    laststatus = readmap(wanted);
-    const bool success = laststatus == MapStatus::ok;
-    hooks.mapchanged();
-    endop(); // also where no operation began: the status line then tells of a stop
-    mapdirty = !success;
-    return success;
-}
-
-bool savemap(const std::string& path, std::string* why)
-{
-    const Busy busy;
-    const std::string header = mapheader(mapgrid);
-    const auto samples = std::as_bytes(std::span(mapgrid.samples));
-    const std::string_view parts[] = {
-        header, {reinterpret_cast<const char*>(samples.data()), samples.size()}};
-    const bool written = writefile(targetpath(path), parts, why);
-    if (!written)
-        return false;
-    mapname = path;
-    mapdirty = false;
-    hooks.setlabel2(nameof(path) + " a été enregistrée");
-    return true;
+    constexpr std::uint64_t longesttext = 2 + 32767;
+    constexpr std::uint64_t olderbytes = recordsize + olderunused + 3 * longesttext +
+                                         std::uint64_t{sizeof(float)} * olderside * olderside;
+    if (isoldermap(header))
+        return olderbytes;
+    ByteReader reader(header);
+    reader.skip(sizeof signature);
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    if (!reader.read(width) || !reader.read(height) || width < 1 || height < 1)
+        return 0;
+    return mapheadersize + samplecount(width, height) * sizeof(std::int16_t);
 }

@@ -7,6 +7,7 @@
 MapGrid mapgrid;
 std::string mapname;
 bool mapdirty = false;
+bool mapincomplete = false;
 
 void allocatemap(MapGrid& map, int width, int height)
 {
@@ -15,6 +16,8 @@ void allocatemap(MapGrid& map, int width, int height)
     map.samples.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
     map.width = width;
     map.height = height;
+    if (&map == &mapgrid)
+        mapincomplete = false;
 }
 
 void mapframe(MapGrid& map)

@@ -60,6 +60,8 @@ extern MapGrid mapgrid;
 extern std::string mapname;
 /// True when the map differs from its file.
 extern bool mapdirty;
+/// True when the map's file ended before all its heights: those that were missing are 0.
+extern bool mapincomplete;
 
 /// Degrees to radians, with the constant that the frames of all existing maps were made with.
 inline constexpr double degree = 0.017453292519943278;
@@ -67,7 +69,7 @@ inline constexpr double degree = 0.017453292519943278;
 inline constexpr double earthradius_km = 6367;
 
 /// Replaces the samples by width x height zeros. The frame stays. A width or height below 1 leaves
-/// the map without samples.
+/// the map without samples. The process's map is a whole one then.
 void allocatemap(MapGrid& map, int width, int height);
 
 /// Derives the corners from the record's centre and size, with cells square on the ground at the

@@ -120,6 +120,21 @@ TEST(LeadingNumber, StaysFiniteBeyondTheRangeOfDoubles)
     EXPECT_EQ(leadingnumber("0." + std::string(400, '0') + "1"), 0);
 }
 
+TEST(TypedNumber, HasAPointOrAComma)
+{
+    EXPECT_EQ(typednumber("12,5"), 12.5);
+    EXPECT_EQ(typednumber("12.5"), 12.5);
+    EXPECT_EQ(typednumber(" -0,5 km"), -0.5);
+    EXPECT_EQ(typednumber(",25"), 0.25);
+    EXPECT_EQ(typednumber("1,5e3"), 1500);
+    EXPECT_EQ(typednumber("7,"), 7);
+    EXPECT_EQ(typednumber("7, 5"), 7);
+    EXPECT_EQ(typednumber("1,5,5"), 1.5);
+    EXPECT_EQ(typednumber("abc,5"), 0);
+    EXPECT_EQ(typednumber(","), 0);
+    EXPECT_EQ(typednumber(""), 0);
+}
+
 TEST(Text, IsTrimmedAtBothEnds)
 {
     EXPECT_EQ(trimmed(std::string_view("\t a b \r\n\0", 9)), "a b");
@@ -160,6 +175,13 @@ TEST(CheckField, HoldsTheNumberWithinItsBounds)
     EXPECT_TRUE(checkfield(1, 10, "10").inbounds);
     EXPECT_EQ(checkfield(1, 10, "11").value, 10);
     EXPECT_FALSE(checkfield(1, 10, "11").inbounds);
+}
+
+TEST(CheckField, TakesADecimalComma)
+{
+    EXPECT_EQ(checkfield(0.1, 10, "0,5").value, 0.5);
+    EXPECT_TRUE(checkfield(0.1, 10, "0,5").inbounds);
+    EXPECT_FALSE(checkfield(0.1, 10, "12,5").inbounds);
 }
 
 TEST(CheckField, TextThatIsNoNumberCountsAsZero)

@@ -1,3 +1,4 @@
+#include "base/numbers.h"
 #include "base/paths.h"
 #include "support/tempfolder.h"
 
@@ -167,4 +168,36 @@ TEST_F(ProgramFolderTest, ANamedProgramFolderReplacesBoth)
     EXPECT_EQ(findprogramfile("a.ant"), std::nullopt);
     const std::string file = disk.makefile("named/a.ant");
     EXPECT_EQ(findprogramfile("A.ANT"), file);
+}
+
+TEST(KeptName, IsInLowerCaseWhereThatReachesTheSameFile)
+{
+    const TempFolder disk;
+    EXPECT_EQ(keptname(" C:\\Plans\\Nord.NET "), "c:\\plans\\nord.net");
+    const std::string path = disk.makefile("Nord.net");
+    EXPECT_EQ(keptname(path), lowercase(path));
+    EXPECT_EQ(keptname(""), "");
+}
+
+TEST(KeptName, StaysAsGivenWhereLowerCaseIsAnotherFile)
+{
+    const TempFolder disk;
+    const std::string capital = disk.makefile("Nord.net");
+    const std::string small = disk.makefile("nord.net");
+    const std::string all = disk.makefile("NORD.NET");
+    EXPECT_EQ(keptname(capital), capital);
+    EXPECT_EQ(keptname(all), all);
+    EXPECT_EQ(findfile(keptname(small)), small);
+}
+
+TEST(FullPath, BeginsAtTheRootOrADrive)
+{
+    for (const char* path : {"/a/b.map", "\\\\server\\b.map", "C:\\b.map", "c:b.map"}) {
+        EXPECT_TRUE(isfullpath(path)) << path;
+        EXPECT_EQ(fullpath(path), path);
+    }
+    for (const char* path : {"b.map", "a/b.map", "../b.map", ""})
+        EXPECT_FALSE(isfullpath(path)) << path;
+    EXPECT_EQ(fullpath("b.map"), std::filesystem::current_path().string() + "/b.map");
+    EXPECT_EQ(fullpath(""), "");
 }

@@ -5,6 +5,7 @@
 #include "terrain/mapfile.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
@@ -94,8 +95,9 @@ void CliTest::TearDown()
     std::filesystem::remove_all(folder, error);
 }
 
-Outcome CliTest::run(const std::vector<std::string>& arguments,
-                     const std::vector<std::pair<std::string, std::string>>& environment) const
+/// Number of the process.
+int CliTest::start(const std::vector<std::string>& arguments,
+                   const std::vector<std::pair<std::string, std::string>>& environment) const
 {
     std::vector<std::string> texts = arguments;
     texts.insert(texts.begin(), "velmora-cli");
@@ -107,6 +109,23 @@ Outcome CliTest::run(const std::vector<std::string>& arguments,
     const pid_t child = fork();
     if (child == 0)
         become(folder, pointers, environment);
+    return child;
+}
+
+bool CliTest::interrupted(const std::vector<std::string>& arguments, int signal, int after_us) const
+{
+    const int child = start(arguments);
+    usleep(static_cast<useconds_t>(after_us));
+    kill(child, signal);
+    int state = 0;
+    waitpid(child, &state, 0);
+    return WIFSIGNALED(state);
+}
+
+Outcome CliTest::run(const std::vector<std::string>& arguments,
+                     const std::vector<std::pair<std::string, std::string>>& environment) const
+{
+    const int child = start(arguments, environment);
     int state = 0;
     waitpid(child, &state, 0);
     return {WIFEXITED(state) ? WEXITSTATUS(state) : -1, contentof(folder / ".out"),

@@ -32,6 +32,9 @@ protected:
     /// Runs velmora-cli with these arguments in the test's folder.
     Outcome run(const std::vector<std::string>& arguments,
                 const std::vector<std::pair<std::string, std::string>>& environment = {}) const;
+    /// Runs it and sends it a signal after a while. True when that ended it, false when it was
+    /// done.
+    bool interrupted(const std::vector<std::string>& arguments, int signal, int after_us) const;
     /// Runs it and expects it to fail: the status, nothing on standard output, one line on standard
     /// error that begins as it must.
     std::string failure(int status, const std::vector<std::string>& arguments) const;
@@ -43,4 +46,8 @@ protected:
     void write(const std::string& name, const NetworkTables& tables, const std::string& map) const;
 
     std::filesystem::path folder;
+
+private:
+    int start(const std::vector<std::string>& arguments,
+              const std::vector<std::pair<std::string, std::string>>& environment = {}) const;
 };

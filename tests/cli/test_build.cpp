@@ -6,6 +6,7 @@
 #include "support/places.h"
 #include "terrain/mapfile.h"
 
+#include <csignal>
 #include <gmock/gmock.h>
 
 using namespace elevationfiles;
@@ -195,6 +196,27 @@ TEST_F(Import, MakesLevelTwoOfAFineRasterOverWhatIsThere)
     EXPECT_EQ(sample("out/DTED/E001/N41.DT2", 1600, 1600), 500);
     EXPECT_EQ(sample("out/DTED/E001/N41.DT2", 300, 300), 100);
     EXPECT_EQ(sample("out/DTED/E001/N41.DT1", 500, 500), 100);
+}
+
+TEST_F(Import, InterruptedAtAnyMomentLeavesNoTemporaryFile)
+{
+    writehgt("N41E001.hgt", roughground);
+    const auto leftovers = [this] {
+        std::size_t count = 0;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+            count += entry.path().extension() == ".tmp" ? 1 : 0;
+        return count;
+    };
+    for (int round = 0; round < 12; ++round) {
+        const bool gently = round % 2 == 0;
+        interrupted({"import", "-o", "out", "N41E001.hgt"}, gently ? SIGTERM : SIGKILL,
+                    20000 + 35000 * round);
+        if (gently) {
+            EXPECT_EQ(leftovers(), 0U) << round;
+        }
+    }
+    success({"import", "-o", "out", "N41E001.hgt"}); // and takes with it what the kills have left
+    EXPECT_EQ(leftovers(), 0U);
 }
 
 TEST_F(Import, RefusesFilesThatAreNoRasterWithAPlace)

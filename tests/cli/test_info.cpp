@@ -109,6 +109,17 @@ TEST_F(Info, RefusesDamagedNetworks)
     failure(1, {"info", "folder.net"});
 }
 
+TEST_F(Info, RefusesWhatIsTooLargeBeforeItIsRead)
+{
+    write("plan.net", handmade::network());
+    std::filesystem::resize_file(folder / "plan.net", std::uintmax_t{20} << 30);
+    EXPECT_NE(failure(1, {"info", "plan.net"}).find("plan.net: too large for a network"),
+              std::string::npos);
+    write("words.net", std::string("Words that somebody has written down."));
+    EXPECT_NE(failure(1, {"info", "words.net"}).find("words.net: not a network"),
+              std::string::npos);
+}
+
 TEST_F(Info, RefusesDamagedMaps)
 {
     const std::string whole = handmade::map();

@@ -83,3 +83,11 @@ TEST(DmsFields, WhatIsShownReadsBackWithinHalfASecond)
         }
     }
 }
+
+TEST(DmsFields, TakeDecimalCommas)
+{
+    DmsFields fields = shown(7, 44);
+    fields.lon = {"7,5", "0", "0"};
+    fields.lat = {"44", "7,5", "0"};
+    EXPECT_EQ(held(fields), std::pair(7.5F, 44.125F));
+}

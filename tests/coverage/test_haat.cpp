@@ -135,6 +135,14 @@ TEST_F(Haat, ReportGoesToTheProgramsFolderAndOpens)
     haatreport(1, 1);
     EXPECT_EQ(told, "Unable to create Haat report");
     EXPECT_EQ(opened, "");
+
+    network = tables;
+    haatreport(1, 1);
+    const std::string last = folder.content("Haat.txt");
+    told.clear();
+    haatreport(1, 0); // the stations have no net in common
+    EXPECT_EQ(told, "Unable to create Haat report");
+    EXPECT_EQ(folder.content("Haat.txt"), last) << "the last report stays";
     resethooks();
     setprogramfolder("");
 }

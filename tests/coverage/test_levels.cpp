@@ -42,6 +42,15 @@ TEST(Levels, ChangeWithTheUnit)
     EXPECT_EQ(changeunit(sunit, sunit, {5, 70}), (Levels{5, 60}));
 }
 
+TEST(Levels, OfANetworkThatHadNoneInSUnitsOpenFromOneToNine)
+{
+    EXPECT_EQ(openinglevels(sunit, {-107, -67}), (Levels{1, 9}));
+    EXPECT_EQ(openinglevels(sunit, {1, 1}), (Levels{1, 9}));
+    EXPECT_EQ(openinglevels(sunit, {5, 70}), (Levels{5, 60}));
+    EXPECT_EQ(openinglevels(dbm, {-107, -67}), (Levels{-107, -67}));
+    EXPECT_EQ(openinglevels(dbm, {-300, -5}), (Levels{-200, -10}));
+}
+
 TEST(Margins, OfSUnitsDependOnTheBand)
 {
     EXPECT_EQ(smargin(1, 10), -3);

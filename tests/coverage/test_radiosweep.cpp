@@ -126,6 +126,36 @@ TEST(RadioCoverage, NeedsANetAndTwoStations)
     EXPECT_FALSE(preparesweep(tables, MapGrid(), plainorder(), {0, 0}, 0)) << "no map";
 }
 
+TEST(RadioCoverage, NeedsAFiniteFrequencyAndGain)
+{
+    const MapGrid map = hillymap(20, 20);
+    NetworkTables tables = twostations();
+    ASSERT_TRUE(preparesweep(tables, map, plainorder(), {5, 5}, 0));
+    tables.nets[static_cast<std::size_t>(plainorder().net)].fmin = NAN;
+    EXPECT_FALSE(preparesweep(tables, map, plainorder(), {5, 5}, 0));
+    tables = twostations();
+    for (RadioSystem& system : tables.systems)
+        system.gain = INFINITY;
+    EXPECT_FALSE(preparesweep(tables, map, plainorder(), {5, 5}, 0));
+}
+
+TEST(RadioCoverage, ARainbowNeedsTwoLevels)
+{
+    const MapGrid map = hillymap(20, 20);
+    CoverageOrder order = plainorder();
+    order.surface = true;
+    for (const LevelUnit unit : {LevelUnit::sunit, LevelUnit::dbm, LevelUnit::microvolt}) {
+        order.unit = unit;
+        order.rainbow = true;
+        order.levels = {5, 9};
+        EXPECT_TRUE(hasscale(*preparesweep(twostations(), map, order, {5, 5}, 0)));
+        order.levels = {5, 5};
+        EXPECT_FALSE(hasscale(*preparesweep(twostations(), map, order, {5, 5}, 0)));
+        order.rainbow = false;
+        EXPECT_TRUE(hasscale(*preparesweep(twostations(), map, order, {5, 5}, 0)));
+    }
+}
+
 TEST(RadioCoverage, SamplesOfARadialAreAtMost160)
 {
     const NetworkTables tables = twostations();

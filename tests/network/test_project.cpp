@@ -202,6 +202,113 @@ TEST_F(ProjectTest, WithoutPlacedStationsTheFrameIsOneKilometreAtZero)
     EXPECT_FALSE(mapdirty); // a map without a name is not even tried
 }
 
+TEST_F(ProjectTest, BareAndRelativeNamesMeanFilesBesideTheNetwork)
+{
+    disk.makefolder("other");
+    disk.makefolder("plan");
+    disk.makefolder("plan/cartes");
+    disk.makefile("other/relief.map", smallmap());
+    disk.makefile("other/vue.bmp");
+    disk.makefile("plan/cartes/relief.map", smallmap());
+    disk.makefile("plan/vue.bmp");
+    const std::string bare =
+        disk.makefile("plan/bare.net", netbytes(twostations(), "relief.map", {"vue.bmp"}));
+    const std::string relative =
+        disk.makefile("plan/rel.net", netbytes(twostations(), "cartes\\Relief.map", {}));
+    fs::current_path(disk.path("other")); // where another network was open before
+    loadnet(relative);
+    EXPECT_EQ(mapname, low("plan/cartes/relief.map"));
+    fs::current_path(disk.path("other"));
+    disk.makefile("plan/relief.map", smallmap());
+    loadnet(bare);
+    EXPECT_EQ(mapname, low("plan/relief.map"));
+    EXPECT_THAT(opened, ElementsAre(disk.path("plan/vue.bmp") + "/2"));
+}
+
+TEST_F(ProjectTest, SavedInAnotherFolderANetworkStillFindsItsMap)
+{
+    disk.makefolder("a");
+    disk.makefolder("b");
+    disk.makefile("a/relief.map", smallmap());
+    loadnet(disk.makefile("a/nord.net", netbytes(twostations(), "relief.map", {})));
+    ASSERT_TRUE(savenet(disk.path("b/nord.net")));
+    newnet(false);
+    loadnet(disk.path("b/nord.net"));
+    EXPECT_EQ(lastmapstatus(), MapStatus::ok);
+    EXPECT_EQ(mapname, low("a/relief.map"));
+}
+
+TEST_F(ProjectTest, ANameThatExistsAsGivenIsOpenedAsGiven)
+{
+    NetworkTables capital = twostations();
+    capital.units[1].name.assign("Majuscule");
+    const std::string path = disk.makefile("Nord.net", netbytes(capital, "", {}));
+    const std::string other = disk.makefile("nord.net", netbytes(twostations(), "", {}));
+    const std::string untouched = disk.content("nord.net");
+    loadnet(path);
+    EXPECT_EQ(network.units[1].name.text(), "Majuscule");
+    EXPECT_EQ(session.netfile, path);
+    EXPECT_TRUE(savenet(session.netfile));
+    EXPECT_EQ(disk.content("nord.net"), untouched);
+    EXPECT_EQ(session.recent[0], path);
+    loadnet(other);
+    EXPECT_EQ(network.units[1].name.text(), "Station 01");
+}
+
+TEST_F(ProjectTest, WhatIsNoNetworkOrTooLargeChangesNothing)
+{
+    network = twostations();
+    session.netfile = "/plans/a.net";
+    writesetting("LastProject", "/plans/a.net");
+    markedited();
+    const std::string large = disk.makefile("large.net", netbytes(defaulttables(), "", {}));
+    fs::resize_file(large, std::uintmax_t{20} << 30); // 20 GB of nothing, at no cost
+    const std::pair<std::string, std::string> files[] = {
+        {large, "large.net : fichier trop grand"},
+        {disk.makefile("picture.net", "\x89PNG\r\n\x1a\n and more"),
+         "picture.net : ce n'est pas un fichier de réseaux"},
+        {disk.makefile("words.net", "Some words that somebody has written down"),
+         "words.net : ce n'est pas un fichier de réseaux"}};
+    for (const auto& [path, told_] : files) {
+        loadnet(path);
+        EXPECT_TRUE(lastnetstatus() == NetStatus::toolarge ||
+                    lastnetstatus() == NetStatus::foreign);
+        EXPECT_EQ(label2, told_);
+        EXPECT_EQ(network, twostations());
+        EXPECT_EQ(session.netfile, "/plans/a.net");
+        EXPECT_EQ(session.recent[0], "");
+        EXPECT_EQ(getsetting("LastProject", ""), "/plans/a.net");
+        EXPECT_TRUE(netedited);
+        EXPECT_TRUE(opened.empty());
+        EXPECT_EQ(evaluations, 0);
+    }
+}
+
+TEST_F(ProjectTest, AnOlderNetworkBeginsWithItsMapsName)
+{
+    EXPECT_TRUE(netbeginning(asbytes(std::string("\x0A\x00relief.map", 12))));
+    EXPECT_TRUE(netbeginning(asbytes(std::string("\x00\x00\x00\x00", 4))));
+    EXPECT_TRUE(netbeginning(asbytes(netbytes(twostations(), "", {}))));
+    EXPECT_TRUE(netbeginning(asbytes(smallmap())));
+    EXPECT_FALSE(netbeginning(asbytes(std::string("BM\x36\x00", 4))));
+    EXPECT_FALSE(netbeginning(asbytes(std::string("\x03\x00\x01\x02\x03", 5))));
+}
+
+TEST_F(ProjectTest, AnIncompleteMapIsNamedAndIsNoWorkOfTheUsers)
+{
+    const std::string map = smallmap();
+    disk.makefile("relief.map", map.substr(0, map.size() - 3));
+    loadnet(disk.makefile("nord.net", netbytes(twostations(), "relief.map", {})));
+    EXPECT_EQ(lastmapstatus(), MapStatus::incomplete);
+    EXPECT_EQ(label2, "relief.map : carte incomplète");
+    EXPECT_FALSE(mapdirty);
+    EXPECT_EQ(mapgrid.width, 2);
+    EXPECT_EQ(mapgrid.record.maplon0, 5);
+    EXPECT_EQ(evaluations, 1);
+    newnet(false);
+    EXPECT_FALSE(mapincomplete);
+}
+
 TEST_F(ProjectTest, ATruncatedFileStopsSilentlyWithWhatItHeld)
 {
     const std::string bytes = netbytes(twostations(), "relief.map", {"a.bmp"});

@@ -260,3 +260,21 @@ TEST(LinkAnalysis, WithoutAFrequencyMeasuresNoClearance)
     ASSERT_TRUE(study.run());
     EXPECT_EQ(study.analysis.minclear, 999999995904.0F);
 }
+
+TEST(LinkAnalysis, SaysThatThereIsNoLinkWithoutAFiniteFrequencyOrGain)
+{
+    for (const bool frequency : {true, false}) {
+        Study study;
+        if (frequency)
+            study.tables.nets[1].fmax = std::nanf("");
+        else
+            study.tables.systems[1].gain = HUGE_VALF;
+        ASSERT_TRUE(study.run());
+        EXPECT_EQ(study.text(3), " Aucun lien");
+        EXPECT_TRUE(contains(study.text(4), "n'est pas un nombre fini"));
+        EXPECT_EQ(study.analysis.margin, nomargin_db);
+        for (int i = 0; i <= study.link.profile.intervals(); ++i)
+            EXPECT_LT(study.link.gain12 - study.lossat(i), -900) << "no sample has a signal";
+        EXPECT_FALSE(study.analysis.crossing);
+    }
+}

@@ -172,10 +172,42 @@ TEST(EvaluateDirect, HoldsMarginsWithoutBoundsAndWithoutNumber)
     row.tables.systems[1].threshold = 3e38F;
     row.run();
     EXPECT_EQ(row.quality(1, 2), 1);
-    row.tables.systems[1].threshold = std::numeric_limits<float>::quiet_NaN();
-    row.run();
-    EXPECT_EQ(row.quality(1, 2), 1);
-    EXPECT_EQ(row.reach(1, 2), 0);
+}
+
+TEST(EvaluateDirect, GivesNoLinkWithoutAFiniteFrequencyAndGain)
+{
+    using Limits = std::numeric_limits<float>;
+    for (const float bad : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity()}) {
+        const Row plain(2, 10);
+        std::vector<Row> rows(5, plain);
+        rows[0].net().fmin = bad;
+        rows[1].net().fmax = bad;
+        rows[2].tables.systems[1].gain = bad;
+        rows[3].tables.systems[1].lineloss = bad;
+        rows[4].tables.systems[1].threshold = bad;
+        for (Row& row : rows) {
+            row.run();
+            EXPECT_EQ(row.quality(1, 2), 0) << bad;
+            EXPECT_EQ(row.reach(1, 2), 0) << bad;
+        }
+    }
+}
+
+TEST(EvaluateDirect, NoDamagedByteOfASystemOrANetMakesALinkOfWhatIsNoNumber)
+{
+    const auto finite = [](float value) { return std::isfinite(value); };
+    for (std::size_t at = 0; at < 5 * sizeof(float); ++at)
+        for (const unsigned byte : {0x7FU, 0xFFU, 0x80U}) {
+            Row row(2, 10);
+            auto* bytes = reinterpret_cast<unsigned char*>(&row.tables.systems[1]);
+            bytes[at] = static_cast<unsigned char>(byte);
+            bytes[at ^ 1U] = static_cast<unsigned char>(0x80U | bytes[at ^ 1U]);
+            row.run();
+            const RadioSystem& system = row.tables.systems[1];
+            if (!finite(system.gain) || !finite(system.lineloss) || !finite(system.threshold)) {
+                EXPECT_EQ(row.quality(1, 2), 0) << at << " " << byte;
+            }
+        }
 }
 
 TEST(EvaluateDirect, LeavesOutNetsThatAreNotActiveUnlessAllAreAskedFor)

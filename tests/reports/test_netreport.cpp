@@ -1,4 +1,5 @@
 #include "base/clock.h"
+#include "base/numbers.h"
 #include "base/hooks.h"
 #include "base/paths.h"
 #include "base/session.h"
@@ -60,11 +61,11 @@ struct NetReport : testing::Test {
         tables.nets[1].system[u] = system;
     }
     ReportLines report(int first, int last, ReportScale scale,
-                       ReportTarget target = ReportTarget::file)
+                       ReportTarget target = ReportTarget::file, int columns = 0)
     {
         return netreportlines(
             {&tables, &map, &table, "/home/é/essai.net", "/home/carte.map", interf}, first, last,
-            scale, target);
+            scale, target, columns);
     }
     NetworkTables tables;
     MapGrid map;
@@ -263,4 +264,36 @@ TEST_F(NetReport, FileGoesToTheProgramsFolderAndOpens)
     EXPECT_EQ(opened, "");
     resethooks();
     setprogramfolder("");
+}
+
+TEST_F(NetReport, ABroadMatrixIsBrokenIntoBlocksForAPage)
+{
+    for (int u = 1; u <= MAXUNIT; ++u)
+        addmember(u, "Poste", 0, 1);
+    for (int a = 1; a < MAXUNIT; ++a)
+        for (int b = a + 1; b <= MAXUNIT; ++b)
+            table.at(1, a, b) = 60;
+    const auto whole = report(1, 1, ReportScale::direct, ReportTarget::printer);
+    for (const int columns : {105, 90, 60}) {
+        const auto paged = report(1, 1, ReportScale::direct, ReportTarget::printer, columns);
+        EXPECT_GT(reportwidth(whole), columns);
+        EXPECT_LE(reportwidth(paged), smax(columns, 85)) << "the details need 85";
+        const std::string text = reporttext(paged);
+        std::size_t cells = 0;
+        for (std::size_t at = text.find(" 60"); at != std::string::npos;
+             at = text.find(" 60", at + 1))
+            ++cells;
+        EXPECT_EQ(cells, std::size_t{MAXUNIT} * (MAXUNIT - 1)) << columns;
+        EXPECT_THAT(text, HasSubstr("Rôle:"));
+    }
+}
+
+TEST_F(NetReport, AMatrixThatFitsIsNotBroken)
+{
+    const auto whole = report(1, 1, ReportScale::direct, ReportTarget::printer);
+    EXPECT_EQ(report(1, 1, ReportScale::direct, ReportTarget::printer, 105), whole);
+    const std::string narrow =
+        reporttext(report(1, 1, ReportScale::direct, ReportTarget::printer, 60));
+    EXPECT_THAT(narrow, HasSubstr("#  01 02 03\r\n"))
+        << "the details follow in a block of their own";
 }

@@ -7,6 +7,7 @@
 #include "support/tempfolder.h"
 #include "terrain/mapfile.h"
 
+#include <filesystem>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
@@ -18,7 +19,7 @@ protected:
     {
         mapgrid = MapGrid();
         mapname = "before.map";
-        mapdirty = false;
+        mapdirty = mapincomplete = false;
         session = Session();
         setprogramfolder(disk.makefolder("program"));
         hooks.askuser = [this](const Question& question) {
@@ -94,12 +95,72 @@ TEST_F(LoadMapTest, AMapIsFoundInTheProgramsFolderLast)
     EXPECT_EQ(mapname, lowercase(path));
 }
 
-TEST_F(LoadMapTest, ATruncatedMapFailsSilently)
+TEST_F(LoadMapTest, AMapThatEndsEarlyIsIncompleteNotUnsaved)
 {
+    ASSERT_TRUE(loadmap(disk.makefile("old.map", currentmap())));
     EXPECT_FALSE(loadmap(disk.makefile("short.map", currentmap().substr(0, 99))));
-    EXPECT_EQ(lastmapstatus(), MapStatus::truncated);
-    EXPECT_TRUE(mapdirty);
+    EXPECT_EQ(lastmapstatus(), MapStatus::incomplete);
+    EXPECT_TRUE(mapincomplete);
+    EXPECT_FALSE(mapdirty);
     EXPECT_TRUE(told.empty());
+    EXPECT_EQ(label2.back(), "short.map : carte incomplète");
+    EXPECT_EQ(mapname, lowercase(disk.path("short.map")));
+    EXPECT_EQ(mapgrid.samples, (std::vector<std::int16_t>{100, 0, 0, 0, 0, 0}));
+    EXPECT_TRUE(loadmap(disk.path("old.map")));
+    EXPECT_FALSE(mapincomplete);
+}
+
+TEST_F(LoadMapTest, AnIncompleteMapGoesOverItsOwnFileOnlyAfterAQuestion)
+{
+    const std::string bytes = currentmap().substr(0, 99);
+    loadmap(disk.makefile("Short.map", bytes));
+    Answer answer = Answer::no;
+    hooks.askuser = [&](const Question& question) {
+        told.push_back(question.text);
+        return answer;
+    };
+    EXPECT_FALSE(savemap(mapname));
+    EXPECT_THAT(told, ElementsAre("La carte short.map est incomplète.\nL'enregistrer quand même?"));
+    EXPECT_EQ(disk.content("Short.map"), bytes);
+    EXPECT_TRUE(savemap(disk.path("other.map"))) << "elsewhere nothing is lost";
+    EXPECT_EQ(told.size(), 1U);
+    loadmap(disk.path("Short.map"));
+    answer = Answer::yes;
+    EXPECT_TRUE(savemap(mapname));
+    EXPECT_FALSE(mapincomplete);
+    EXPECT_EQ(disk.content("Short.map").size(), currentmap().size());
+}
+
+TEST_F(LoadMapTest, WhatIsNoMapOrTooLargeLeavesTheOldOneWhole)
+{
+    ASSERT_TRUE(loadmap(disk.makefile("old.map", currentmap())));
+    const MapGrid before = mapgrid;
+    std::string header = currentmap().substr(0, mapheadersize);
+    header.replace(4, 8, rawbytes(100000) + rawbytes(100000));
+    const std::string large = disk.makefile("large.map", header);
+    std::filesystem::resize_file(large, 20000000096U); // 20 GB of nothing, at no cost
+    const std::pair<std::string, std::string> files[] = {
+        {large, "large.map : carte trop grande"},
+        {disk.makefile("words.map", "Some words that somebody has written down, and then many "
+                                    "more of them, as they had so much to say."),
+         "words.map : ce n'est pas une carte"},
+        {disk.makefile("empty.map", ""), "empty.map : ce n'est pas une carte"}};
+    for (const auto& [path, text] : files) {
+        EXPECT_FALSE(loadmap(path));
+        EXPECT_EQ(label2.back(), text);
+        EXPECT_EQ(mapname, lowercase(disk.path("old.map")));
+        EXPECT_EQ(mapgrid.samples, before.samples);
+        EXPECT_EQ(mapgrid.record, before.record);
+        EXPECT_FALSE(mapdirty);
+    }
+}
+
+TEST_F(LoadMapTest, OnlyTheMapsOwnBytesOfALongFileAreRead)
+{
+    const std::string path = disk.makefile("long.map", currentmap());
+    std::filesystem::resize_file(path, std::uintmax_t{20} << 30);
+    EXPECT_TRUE(loadmap(path));
+    EXPECT_EQ(mapgrid.samples.size(), 6U);
 }
 
 TEST_F(LoadMapTest, AnOlderMapIsConvertedAndItsPicturePlaced)
@@ -136,6 +197,8 @@ TEST_F(LoadMapTest, AForeignFileIsTold)
     EXPECT_THAT(told, ElementsAre("Mauvais format de carte"));
     EXPECT_EQ(lastmapstatus(), MapStatus::badformat);
     EXPECT_EQ(mapgrid.record, MapRecord());
+    EXPECT_EQ(label2.back(), "foreign.map : ce n'est pas une carte");
+    EXPECT_EQ(mapname, "before.map");
 }
 
 TEST_F(LoadMapTest, AStopLeavesTheMapHalfConverted)
@@ -175,7 +238,7 @@ TEST_F(LoadMapTest, SavingOverALongerMapReplacesIt)
     EXPECT_EQ(disk.content("a.map"), currentmap());
 }
 
-TEST_F(LoadMapTest, AFailedSaveIsSilentAndKeepsItsMark)
+TEST_F(LoadMapTest, AFailedSaveIsToldInTheStatusLineAndKeepsItsMark)
 {
     ASSERT_TRUE(loadmap(disk.makefile("a.map", currentmap())));
     mapdirty = true;
@@ -185,6 +248,7 @@ TEST_F(LoadMapTest, AFailedSaveIsSilentAndKeepsItsMark)
     EXPECT_EQ(why, "No such file or directory");
     EXPECT_TRUE(mapdirty);
     EXPECT_EQ(mapname, before);
+    EXPECT_EQ(label2.back(), "b.map impossible à enregistrer");
     EXPECT_TRUE(told.empty());
     EXPECT_FALSE(pointer);
 }

@@ -85,17 +85,49 @@ TEST(MapFile, AMapOfOneSampleComesBack)
     EXPECT_EQ(filebytes(back), filebytes(map));
 }
 
-TEST(MapFile, ATruncatedFileLeavesWhatItDoesNotHold)
+TEST(MapFile, AFileThatEndsBeforeItsWidthAndHeightChangesNothing)
 {
-    const std::string whole = currentmap();
-    for (std::size_t size = 4; size < whole.size(); ++size) {
+    for (std::size_t size = 4; size < 12; ++size) {
         MapGrid map;
         allocatemap(map, 2, 2);
-        ASSERT_EQ(parse(whole.substr(0, size), map), MapStatus::truncated) << size;
-        EXPECT_EQ(map.samples, std::vector<std::int16_t>(4));
-        EXPECT_EQ(map.record.maplon0, size < 62 ? -73 : -84.25F);
-        EXPECT_EQ(map.maplon[0], size < 96 ? 0 : -85);
+        map.samples.assign(4, 7);
+        EXPECT_EQ(parse(currentmap().substr(0, size), map), MapStatus::truncated) << size;
+        EXPECT_EQ(map.samples, std::vector<std::int16_t>(4, 7));
+        EXPECT_EQ(map.record, MapRecord());
     }
+}
+
+TEST(MapFile, AFileThatEndsEarlyHasItsOwnTableAndTheHeightsThatItHolds)
+{
+    const std::string whole = currentmap();
+    for (std::size_t size = 12; size < whole.size(); ++size) {
+        MapGrid map;
+        allocatemap(map, 2, 2);
+        map.samples.assign(4, 7); // of the old map: none of them may stay
+        ASSERT_EQ(parse(whole.substr(0, size), map), MapStatus::incomplete) << size;
+        EXPECT_EQ(map.width, 3);
+        EXPECT_EQ(map.height, 2);
+        ASSERT_EQ(map.samples.size(), 6U);
+        for (std::size_t i = 0; i < 6; ++i)
+            EXPECT_EQ(map.samples[i], size >= 98 + 2 * i ? 100 + static_cast<int>(i) : 0) << size;
+        EXPECT_EQ(map.record.maplon0, size < 62 ? -73 : -84.25F);
+        if (size >= 96) {
+            EXPECT_EQ(map.maplon[0], -85);
+        } else { // the frame of the old record over the new table
+            EXPECT_NEAR((map.maplat[0] + map.maplat[2]) / 2, 45, 1e-4F);
+        }
+    }
+}
+
+TEST(MapFile, ItsHeaderTellsHowManyBytesAreRead)
+{
+    EXPECT_EQ(mapbytes(asbytes(currentmap())), currentmap().size());
+    std::string header = currentmap().substr(0, mapheadersize);
+    header.replace(4, 8, rawbytes(100000) + rawbytes(100000));
+    EXPECT_EQ(mapbytes(asbytes(header)), 96 + 20000000000U);
+    header.replace(4, 4, rawbytes(0));
+    EXPECT_EQ(mapbytes(asbytes(header)), 0U);
+    EXPECT_GE(mapbytes(asbytes(oldermap(10))), oldermap(10).size());
 }
 
 TEST(MapFile, ClaimsBeyondTheFilesSizeAllocateNothing)
@@ -203,6 +235,7 @@ TEST(OlderMap, ATruncatedFileAllocatesNothing)
         MapGrid map;
         EXPECT_EQ(parse(whole.substr(0, size), map), MapStatus::truncated) << size;
         EXPECT_EQ(map.samples.capacity(), 0U) << size;
+        EXPECT_EQ(map.record, MapRecord()) << size;
     }
 }
 

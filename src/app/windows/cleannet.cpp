@@ -45,7 +45,7 @@ static bool offerpictures()
         const auto* window = qobject_cast<frmPic*>(child);
         if (!window || !window->picture())
             continue;
-        const std::string name = lowercase(trimmed(window->picture()->data.Filename));
+        const std::string name = keptname(window->picture()->data.Filename);
         if (!findfile(name) && name != worldname) {
             mainwindow->activate(child);
             if (!offersaving(name, savepictureas))

@@ -1,6 +1,7 @@
 #include "app/windows/ending.h"
 
 #include "app/windows/cleannet.h"
+#include "app/windows/endsignals.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/geometry.h"
 #include "app/windows/sessionstore.h"
@@ -28,7 +29,8 @@ bool queryending(frmMain& window)
         return false;
     }
     const std::string text = std::string("Terminer l'exécution du logiciel ") + apptitle + "?";
-    if (hooks.askuser({text, Question::Buttons::yesno, Question::Icon::question}) != Answer::yes)
+    if (!endingquietly() &&
+        hooks.askuser({text, Question::Buttons::yesno, Question::Icon::question}) != Answer::yes)
         return false;
     window.timer->stop();
     storeplace(window);

@@ -37,21 +37,29 @@ void newnetworks()
     refilllink();
 }
 
-void opennetworks()
+/// Opens a network in the place of the one there is. What is refused by its size or first bytes
+/// leaves that one as it is, and the status line says why.
+static void replacenet(const std::string& path)
 {
     bool cancel = false;
-    CleanNet(cancel);
+    const NetStatus kind = probenet(path);
+    if (kind != NetStatus::toolarge && kind != NetStatus::foreign)
+        CleanNet(cancel);
     if (cancel)
-        return;
-    const std::string path = askfilename({.title = "Ouvrir des réseaux",
-                                          .filter = "Fichier de réseaux (NET)",
-                                          .patterns = "*.net",
-                                          .offered = session.netfile});
-    if (path.empty())
         return;
     loadnet(path);
     if (lastnetstatus() == NetStatus::unreadable || lastnetstatus() == NetStatus::truncated)
         tellunreadable(path);
+}
+
+void opennetworks()
+{
+    const std::string path = askfilename({.title = "Ouvrir des réseaux",
+                                          .filter = "Fichier de réseaux (NET)",
+                                          .patterns = "*.net",
+                                          .offered = session.netfile});
+    if (!path.empty())
+        replacenet(path);
 }
 
 bool savenetas()
@@ -80,7 +88,7 @@ void openmap()
         return;
     if (loadmap(path))
         hooks.setlabel2(fmt::format("Largeur={} Hauteur={}", mapgrid.width, mapgrid.height));
-    else
+    else if (lastmapstatus() == MapStatus::unreadable)
         tellunreadable(path);
 }
 
@@ -144,8 +152,7 @@ bool savepictureas()
                                           .extension = "bmp"});
     if (path.empty())
         return false;
-    savepic(*picture, path);
-    return findfile(picture->data.Filename).has_value();
+    return savepic(*picture, path) && findfile(picture->data.Filename).has_value();
 }
 
 void savepicture()
@@ -178,12 +185,8 @@ void loadprevious(int index)
     if (index < 0 || index >= static_cast<int>(session.recent.size()))
         return;
     const std::string path = session.recent[static_cast<std::size_t>(index)];
-    if (path.empty() || path == session.netfile)
-        return;
-    bool cancel = false;
-    CleanNet(cancel);
-    if (!cancel)
-        loadnet(path);
+    if (!path.empty() && path != session.netfile)
+        replacenet(path);
 }
 
 static void setmode(std::int16_t mode)

@@ -5,6 +5,7 @@
 #include "app/windows/sessionstore.h"
 #include "app/windows/shellhooks.h"
 #include "base/hooks.h"
+#include "base/inplace.h"
 #include "base/numbers.h"
 #include "base/operation.h"
 #include "base/paths.h"
@@ -60,11 +61,21 @@ template <typename Step> static void attempt(Step step)
     }
 }
 
+/// Opens the first network. One that is refused must not be saved over: the default one keeps its
+/// own name.
+static void opennet(const std::string& path)
+{
+    session.netfile = path;
+    loadnet(path);
+    if (lastnetstatus() == NetStatus::toolarge || lastnetstatus() == NetStatus::foreign)
+        session.netfile = "default.net";
+}
+
 /// Opens what the command line names, or the last network.
 static void openfirst(const std::string& commandline)
 {
     if (commandline.empty()) {
-        loadnet(session.netfile);
+        opennet(session.netfile);
         return;
     }
     const std::string bare = unquoted(commandline);
@@ -75,9 +86,15 @@ static void openfirst(const std::string& commandline)
     } else if (ending == "map") {
         loadmap(commandline);
     } else {
-        session.netfile = commandline;
-        loadnet(session.netfile);
+        opennet(commandline);
     }
+}
+
+/// A crash in the middle of a write in place has left a copy of what the file held.
+static void tellinterrupted()
+{
+    if (const auto copies = interruptedcopies(); !copies.empty())
+        hooks.setlabel2("Enregistrement interrompu, l'ancien contenu est dans " + copies.front());
 }
 
 /// The first picture opens maximised, normal or minimised, as the main window stands.
@@ -136,5 +153,6 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     session.live.gpsstatus &= ~gpsreplaybit; // a replay that was running does not resume
     window->timer->start();
     session.tempfolder = tempdir();
+    tellinterrupted();
     return window;
 }

@@ -135,6 +135,8 @@ bool paintover(OpenPicture& picture, int last, const std::function<void(Coverage
         return false;
     const Busy busy;
     beginop(coveragejob(last));
+    if (!stillopen(&picture))
+        return false;
     CoverageSheet sheet(picture);
     paint(sheet);
     picturehooks.picturechanged(picture, {});
@@ -147,7 +149,7 @@ double drawcoverage(OpenPicture& picture, const CoverageOrder& order)
     if (order.centre < 1 || order.centre > MAXUNIT || !sweepcentre(picture, order.centre, centre))
         return 0;
     const auto sweep = preparesweep(network, mapgrid, order, centre, interf);
-    if (!sweep)
+    if (!sweep || !hasscale(*sweep))
         return 0;
     const std::int16_t mode = picture.data.Mapmode;
     std::int64_t rings = 0;

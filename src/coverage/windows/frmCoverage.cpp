@@ -48,7 +48,7 @@ void frmCoverage::fill()
     uselink->setChecked(coveragechoice.covuselink == 1);
     fillpatterns();
     unit = levelunit(params.unit);
-    levels = changeunit(unit, unit, coveragechoice.levels);
+    levels = openinglevels(unit, coveragechoice.levels);
     units->button(static_cast<int>(unit))->setChecked(true);
     curve->setChecked(params.drawcurve != 0);
     surface->setChecked(params.drawsurface != 0);

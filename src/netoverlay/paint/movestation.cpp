@@ -21,13 +21,17 @@ void redrawlinks(int unit)
     picturehooks.stationmoved(unit, false);
 }
 
-void tellplace(const Unit& unit)
+/// Tells where a station is, and what a key would do about it.
+void tellplace(const Unit& unit, const std::string& key)
 {
     float lon = unit.lon; // the texts bring their own copies into range
     float lat = unit.lat;
     hooks.setlabel2(unit.name.text() + "  " + generalnumber(unit.elevation) + "m  " + dmslon(lon) +
-                    "  " + dmslat(lat));
+                    "  " + dmslat(lat) + key);
 }
+
+constexpr const char* escape = "  (Échap : annuler)";
+constexpr const char* undo = "  (Ctrl+Z : annuler le déplacement)";
 
 } // namespace
 
@@ -50,7 +54,7 @@ void dragunit(const StationDrag& drag, float lon, float lat)
     markedited();
     placeunit(drag.unit, lon, lat);
     redrawlinks(drag.unit);
-    tellplace(unitat(drag.unit));
+    tellplace(unitat(drag.unit), escape);
 }
 
 void putback(const StationDrag& drag)
@@ -62,11 +66,12 @@ void putback(const StationDrag& drag)
     netedited = drag.wasedited;
     redrawlinks(drag.unit);
     paintnets();
-    tellplace(unit);
+    tellplace(unit, "");
 }
 
 void settle(const StationDrag& drag)
 {
     paintnets();
     picturehooks.stationmoved(drag.unit, true);
+    tellplace(unitat(drag.unit), undo);
 }

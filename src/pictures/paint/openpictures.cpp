@@ -42,7 +42,7 @@ std::optional<std::string> locate(const std::string& name)
 OpenPicture* findopen(const std::string& name)
 {
     for (const auto& picture : openpictures)
-        if (!picture->data.isworld() && lowercase(trimmed(picture->data.Filename)) == name)
+        if (!picture->data.isworld() && keptname(picture->data.Filename) == name)
             return picture.get();
     return nullptr;
 }
@@ -54,15 +54,19 @@ OpenPicture& addnew()
     return *openpictures.back();
 }
 
-/// Takes the raster of a file and what lies beside it.
-void loadfiles(OpenPicture& picture, const std::string& name)
+/// The raster of a file; a null one, and a word in the status line, where it is none.
+QImage rasterof(const std::string& name)
 {
     const auto file = findfile(name);
-    const QImage raster = file ? readraster(*file) : QImage();
-    if (raster.isNull()) {
-        resizepicture(picture, mapgrid.width, mapgrid.height);
-        return;
-    }
+    QImage raster = file ? readraster(*file) : QImage();
+    if (raster.isNull())
+        hooks.setlabel2(nameof(name) + " : image illisible");
+    return raster;
+}
+
+/// Takes the raster of a file and what lies beside it.
+void loadfiles(OpenPicture& picture, const std::string& name, const QImage& raster)
+{
     resizepicture(picture, raster.width(), raster.height());
     picture.surface.kept = raster;
     if (picture.data.Pictype == pictype::fourcorners)
@@ -70,14 +74,19 @@ void loadfiles(OpenPicture& picture, const std::string& name)
     readcompanion(name, picture.data);
 }
 
+/// Says in the status line how the writing of a file has ended, and passes it on.
+bool tellwritten(const std::string& name, bool written)
+{
+    hooks.setlabel2(nameof(name) + (written ? " a été enregistrée" + lostnote()
+                                            : std::string(" impossible à enregistrer")));
+    return written;
+}
+
 /// Saves the raster under a name that says .bmp; false when it couldn't be written.
 bool saveraster(OpenPicture& picture, const std::string& name)
 {
     const Busy busy;
-    if (!writebmp(targetpath(name), surfaceimage(picture.surface)))
-        return false;
-    hooks.setlabel2(nameof(name) + " a été enregistrée");
-    return true;
+    return tellwritten(name, writebmp(targetpath(name), surfaceimage(picture.surface)));
 }
 
 bool agreed(const std::string& text)
@@ -89,18 +98,22 @@ bool agreed(const std::string& text)
 
 OpenPicture* openpic(const std::string& given, int requested)
 {
-    std::string name = lowercase(unquoted(given));
+    std::string name = keptname(unquoted(given));
     const bool untitled = name.empty();
     if (!untitled) {
         const auto found = locate(name);
         if (!found && requested > -1)
             return nullptr;
-        name = lowercase(found.value_or(name));
+        name = found ? keptname(fullpath(*found)) : name;
     }
     const Busy busy;
     if (untitled)
         name = "Image" + std::to_string(++picseq) + ".bmp";
     OpenPicture* existing = untitled ? nullptr : findopen(name);
+    const bool drawn = requested <= -1 || untitled || (existing != nullptr && existing->blank);
+    const QImage raster = drawn ? QImage() : rasterof(name);
+    if (!drawn && raster.isNull())
+        return nullptr;
     OpenPicture& picture = existing != nullptr ? *existing : addnew();
     picture.blank = picture.blank || untitled;
     picture.data.Pictype = static_cast<std::int16_t>(requested);
@@ -108,10 +121,10 @@ OpenPicture* openpic(const std::string& given, int requested)
     picture.caption = captionof(name);
     picture.data.lon.fill(0);
     picture.data.lat.fill(0);
-    if (requested <= -1 || picture.blank)
+    if (drawn)
         resizepicture(picture, mapgrid.width, mapgrid.height);
     else
-        loadfiles(picture, name);
+        loadfiles(picture, name, raster);
     if (picture.data.Pictype < 0)
         picture.data.Pictype = pictype::map;
     currentpic = &picture;
@@ -119,17 +132,17 @@ OpenPicture* openpic(const std::string& given, int requested)
     return &picture;
 }
 
-void savepic(OpenPicture& picture, const std::string& name)
+bool savepic(OpenPicture& picture, const std::string& name)
 {
     constexpr std::size_t extension = 3;
     const std::string ending =
         lowercase(name.substr(name.size() - std::min(name.size(), extension)));
     if (ending == "bmp") {
         if (!saveraster(picture, name))
-            return;
+            return false;
     } else if (!agreed(name +
                        " n'est pas en format BMP\nSauvegarder quand même le fichier .DAT?")) {
-        return;
+        return false;
     }
     picture.caption = captionof(name);
     picture.data.Filename = name;
@@ -137,10 +150,15 @@ void savepic(OpenPicture& picture, const std::string& name)
     picturehooks.picturechanged(picture, {});
     const std::string sidecar = companion(name, "dat");
     if (findfile(sidecar) && !agreed("Écraser " + sidecar + "?"))
-        return;
+        return true; // the picture is saved; its place is the one that was there
     const Busy busy;
-    if (writefile(targetpath(sidecar), sidecartext(picture.data)))
-        hooks.setlabel2(nameof(sidecar) + " a été enregistrée");
+    return tellwritten(sidecar, writefile(targetpath(sidecar), sidecartext(picture.data)));
+}
+
+bool stillopen(const OpenPicture* picture)
+{
+    return std::any_of(openpictures.begin(), openpictures.end(),
+                       [picture](const auto& open) { return open.get() == picture; });
 }
 
 void closepicture(OpenPicture& picture)
@@ -165,7 +183,7 @@ std::vector<std::string> picturenames()
     std::vector<std::string> names;
     for (const auto& picture : openpictures)
         if (!picture->data.isworld())
-            names.push_back(lowercase(trimmed(picture->data.Filename)));
+            names.push_back(keptname(picture->data.Filename));
     return names;
 }
 
@@ -174,7 +192,7 @@ void connectpictures()
     hooks.openpicture = [](const std::string& name, int requested) { openpic(name, requested); };
     hooks.openpictures = picturenames;
     hooks.placepicture = [](const std::string& name, const float* lon, const float* lat) {
-        if (OpenPicture* picture = findopen(lowercase(trimmed(name)))) {
+        if (OpenPicture* picture = findopen(keptname(name))) {
             std::copy_n(lon, picture->data.lon.size(), picture->data.lon.begin());
             std::copy_n(lat, picture->data.lat.size(), picture->data.lat.begin());
         }

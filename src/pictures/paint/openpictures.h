@@ -85,12 +85,18 @@ extern PictureHooks picturehooks;
 ///   name       raster file, as users write it; empty makes an untitled picture
 ///   requested  below 0: to be drawn from the map; else a raster with its sidecar, if it has one
 /// A file that is found neither by its name, nor beside the network, nor in the program's folder
-/// opens nothing and gives a null pointer. A raster that cannot be loaded leaves a blank picture.
+/// opens nothing and gives a null pointer; so does one that is no image, or too large for one: the
+/// status line then says so, and a picture of this name stays as it is.
 OpenPicture* openpic(const std::string& name, int requested);
 
 /// Writes raster and sidecar of a picture, asking before it replaces a sidecar. A name that isn't
-/// a .bmp gets a sidecar only, after a question. Errors are silent; the old file then stays.
-void savepic(OpenPicture& picture, const std::string& name);
+/// a .bmp gets a sidecar only, after a question. What could not be written is told in the status
+/// line; the old file then stays. True when the picture and what was asked for are saved.
+bool savepic(OpenPicture& picture, const std::string& name);
+
+/// True while a picture is in the list. A job looks after its first handling of events, which comes
+/// before anything keeps the user from closing windows.
+bool stillopen(const OpenPicture* picture);
 
 /// Takes a picture off the list.
 void closepicture(OpenPicture& picture);
@@ -98,8 +104,8 @@ void closepicture(OpenPicture& picture);
 /// Gives a picture's surface another size and clears it.
 void resizepicture(OpenPicture& picture, int width, int height);
 
-/// File names of the open pictures as a network file lists them: trimmed, lower case, without the
-/// world map.
+/// File names of the open pictures as a network file lists them: by the name under
+/// which they are kept, without the world map.
 std::vector<std::string> picturenames();
 
 /// Lets the logic reach the open pictures: fills the hooks for opening, listing and placing.

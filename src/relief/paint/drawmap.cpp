@@ -117,6 +117,14 @@ bool drawground(OpenPicture& picture, const MapRecord& record)
     return true;
 }
 
+/// Ends a drawing whose picture was closed before it began.
+void stopdrawing(bool commit)
+{
+    opbusy = 0;
+    if (commit)
+        endop();
+}
+
 } // namespace
 
 Job drawmapjob(const MapGrid& map)
@@ -162,6 +170,10 @@ OpenPicture* drawmap(OpenPicture* picture, const PictureSettings& settings, bool
     if (picture->surface.kept.size() != size)
         resizepicture(*picture, size.width(), size.height());
     beginop(drawmapjob(mapgrid));
+    if (!stillopen(picture)) {
+        stopdrawing(commit);
+        return nullptr;
+    }
     const bool drawn = drawground(*picture, settings.record);
     if (drawn && opbusy != 0) {
         if (commit)

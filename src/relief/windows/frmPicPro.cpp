@@ -89,13 +89,15 @@ void frmPicPro::showpreview()
 
 void frmPicPro::choosefont()
 {
-    const auto chosen = askfont(labelfont(), this);
+    const auto chosen = askfont({QString::fromStdString(session.drawfontname), session.drawfontsize,
+                                 session.drawfontbold, session.drawfontitalic},
+                                this);
     if (!chosen)
         return;
-    session.drawfontname = chosen->family().toStdString();
-    session.drawfontsize = static_cast<std::int16_t>(chosen->pointSize());
-    session.drawfontbold = chosen->bold();
-    session.drawfontitalic = chosen->italic();
+    session.drawfontname = chosen->name.toStdString();
+    session.drawfontsize = static_cast<std::int16_t>(chosen->points);
+    session.drawfontbold = chosen->bold;
+    session.drawfontitalic = chosen->italic;
 }
 
 void frmPicPro::choosecolours()

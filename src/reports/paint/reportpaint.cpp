@@ -15,10 +15,10 @@ constexpr double printpoints = 12;
 constexpr double margin_mm = 15;
 
 /// Characters of the report font that a page's paint area holds side by side at 12 points.
-double pagecolumns(const QPagedPaintDevice& device)
+int pagecolumns(const QPagedPaintDevice& device)
 {
     const QFontMetricsF metrics(reportfont(printpoints), &device);
-    return device.width() / metrics.horizontalAdvance(QLatin1Char('0'));
+    return static_cast<int>(device.width() / metrics.horizontalAdvance(QLatin1Char('0')));
 }
 
 void setorientation(QPagedPaintDevice& device, QPageLayout::Orientation orientation)
@@ -28,14 +28,16 @@ void setorientation(QPagedPaintDevice& device, QPageLayout::Orientation orientat
                           QPageLayout::Millimeter);
 }
 
-/// Lays the page so that the widest line fits, and returns the points of the font.
-double fitpage(QPagedPaintDevice& device, int width)
+/// Lays the page so that the widest line fits, and returns the lines.
+ReportLines fitpage(QPagedPaintDevice& device, const ReportLayout& layout)
 {
+    ReportLines lines = layout(0);
     setorientation(device, QPageLayout::Portrait);
-    if (width <= pagecolumns(device))
-        return printpoints;
+    if (reportwidth(lines) <= pagecolumns(device))
+        return lines;
     setorientation(device, QPageLayout::Landscape);
-    return printpoints * std::min(1.0, pagecolumns(device) / width);
+    const int columns = pagecolumns(device);
+    return reportwidth(lines) <= columns ? lines : layout(columns);
 }
 } // namespace
 
@@ -64,11 +66,11 @@ void paintreport(QPainter& painter, const QPointF& top, const ReportLines& lines
     }
 }
 
-void printreport(QPagedPaintDevice& device, const ReportLines& lines)
+void printreport(QPagedPaintDevice& device, const ReportLayout& layout)
 {
-    const double points = fitpage(device, reportwidth(lines));
+    const ReportLines lines = fitpage(device, layout);
     QPainter painter(&device);
-    painter.setFont(reportfont(points));
+    painter.setFont(reportfont(printpoints));
     const QFontMetricsF metrics(painter.font(), &device);
     const auto rows =
         std::max<std::size_t>(1, static_cast<std::size_t>(device.height() / metrics.lineSpacing()));

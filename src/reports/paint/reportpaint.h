@@ -6,6 +6,8 @@
 #include <QPagedPaintDevice>
 #include <QPointF>
 
+#include <functional>
+
 class QPainter;
 
 /// Fixed-pitch font of reports, "Courier New" or what the system has in its place.
@@ -17,6 +19,9 @@ QFont reportfont(double points);
 void paintreport(QPainter& painter, const QPointF& top, const ReportLines& lines, std::size_t first,
                  std::size_t count, bool coloured);
 
-/// Writes a report on pages at 12 points, every column kept: upright pages, broad ones when a line
-/// is wider than that, and only for still wider lines a smaller font.
-void printreport(QPagedPaintDevice& device, const ReportLines& lines);
+/// Gives the lines of a report for a page of so many columns; 0: as broad as they are.
+using ReportLayout = std::function<ReportLines(int columns)>;
+
+/// Writes a report on pages at 12 points: upright ones, broad ones when a line is wider than that,
+/// and for still wider lines broad ones with the lines laid out anew for them.
+void printreport(QPagedPaintDevice& device, const ReportLayout& layout);

@@ -114,7 +114,9 @@ void frmReport::redraw()
 
 void frmReport::print(QPagedPaintDevice& device) const
 {
-    printreport(device, netreportlines(reportsources(), 1, MAXNET, scale(), ReportTarget::printer));
+    printreport(device, [this](int columns) {
+        return netreportlines(reportsources(), 1, MAXNET, scale(), ReportTarget::printer, columns);
+    });
 }
 
 void frmReport::askprinter()

@@ -1,13 +1,20 @@
 #include "app/windows/ending.h"
+#include "app/windows/endsignals.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "base/hooks.h"
 #include "base/operation.h"
 #include "base/session.h"
 #include "base/settings.h"
 #include "network/tables.h"
+#include "network/unsaved.h"
+#include "terrain/mapgrid.h"
 
+#include <QDialog>
 #include <QTest>
 #include <QTimer>
+
+#include <csignal>
 
 static const std::string endquestion = "Terminer l'exécution du logiciel Velmora?";
 
@@ -116,4 +123,67 @@ TEST_F(Ending, GivesPortsTimeToWindDown)
     expectquestion(endquestion, Answer::yes);
     EXPECT_TRUE(window->close());
     EXPECT_TRUE(handled);
+}
+
+/// The program, ended by the system.
+class EndingBySignal : public ShellTest
+{
+protected:
+    void SetUp() override
+    {
+        start();
+        addpicture("image1.bmp");
+        markedited();
+        mapdirty = true;
+        hooks.writerecovery = [this] { ++recoveries; };
+        endonsignals();
+    }
+    void TearDown() override
+    {
+        endonsignals(); // nothing is ending any more
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT})
+            std::signal(signal, SIG_DFL);
+        marksaved();
+        mapdirty = false;
+    }
+    void expectended()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+        EXPECT_EQ(recoveries, 1);
+        EXPECT_EQ(getsetting("DrawFontName", "none"), "MS Sans Serif") << "settings are stored";
+    }
+
+    int recoveries = 0;
+};
+
+TEST_F(EndingBySignal, AsksNothingAndKeepsWhatIsUnsaved)
+{
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT})
+        std::raise(signal); // one end is enough
+    expectended();
+}
+
+TEST_F(EndingBySignal, GivesUpTheOpenDialogs)
+{
+    QDialog outer(window.get());
+    int asked = 0;
+    QTimer::singleShot(0, &outer, [&] {
+        QDialog inner(&outer);
+        QTimer::singleShot(0, &inner, [] { std::raise(SIGTERM); });
+        inner.exec();
+        ++asked;
+    });
+    outer.exec();
+    EXPECT_EQ(asked, 1);
+    expectended();
+}
+
+TEST_F(EndingBySignal, StopsTheOperationFirst)
+{
+    beginop(Operation::drawmap);
+    std::raise(SIGHUP);
+    while (opstep(1) != 0)
+        EXPECT_TRUE(window->isVisible());
+    endop();
+    expectended();
 }

@@ -6,6 +6,7 @@
 #include "base/session.h"
 #include "network/netfile.h"
 #include "network/tables.h"
+#include "network/unsaved.h"
 #include "radio/link.h"
 #include "terrain/mapfile.h"
 #include "terrain/mapgrid.h"
@@ -78,10 +79,38 @@ TEST_F(FileCommands, TellsThatAChosenNetworkCannotBeRead)
     expectfilename("Ouvrir des réseaux", path("absent.net"));
     choose("mnuFileOpenNet");
     EXPECT_EQ(label2(), "absent.net : fichier illisible");
-    ASSERT_TRUE(writefile(path("court.net"), "abcdef"));
+    ASSERT_TRUE(writefile(path("court.net"), "abc"));
     expectfilename("Ouvrir des réseaux", path("court.net"));
     choose("mnuFileOpenNet");
     EXPECT_EQ(label2(), "court.net : fichier illisible");
+}
+
+TEST_F(FileCommands, AFileThatIsNoNetworkLeavesTheOneThatIsOpen)
+{
+    network.units[1].name.assign("Ancien");
+    markedited();
+    addpicture("image1.bmp");
+    ASSERT_TRUE(writefile(path("lettre.net"), "Ceci n'est pas un réseau, mais une lettre."));
+    const Session before = session;
+    expectfilename("Ouvrir des réseaux", path("lettre.net"));
+    choose("mnuFileOpenNet"); // and nothing is asked
+    EXPECT_EQ(label2(), "lettre.net : ce n'est pas un fichier de réseaux");
+    EXPECT_EQ(network.units[1].name.text(), "Ancien");
+    EXPECT_EQ(session.netfile, before.netfile);
+    EXPECT_EQ(session.recent, before.recent);
+    EXPECT_EQ(window->childwindows().size(), 1U);
+    EXPECT_TRUE(netedited);
+    marksaved();
+}
+
+TEST_F(FileCommands, NothingIsClosedBeforeAFileIsChosen)
+{
+    addpicture("image1.bmp");
+    markedited();
+    expectfilename("Ouvrir des réseaux", "");
+    choose("mnuFileOpenNet");
+    EXPECT_EQ(window->childwindows().size(), 1U);
+    marksaved();
 }
 
 TEST_F(FileCommands, SavesTheNetworkAndSaysSo)
@@ -120,6 +149,25 @@ TEST_F(FileCommands, TellsThatAChosenMapCannotBeRead)
     choose("mnuFileOpenMap");
     EXPECT_EQ(label2(), "absente.map : fichier illisible");
     mapdirty = false;
+}
+
+TEST_F(FileCommands, TellsThatAnIncompleteMapIsOne)
+{
+    ASSERT_TRUE(savemap(path("entiere.map")));
+    const std::string bytes = readfile(path("entiere.map")).value_or("");
+    ASSERT_TRUE(writefile(path("courte.map"), bytes.substr(0, bytes.size() / 2)));
+    expectfilename("Ouvrir une carte", path("courte.map"));
+    choose("mnuFileOpenMap");
+    EXPECT_EQ(label2(), "courte.map : carte incomplète");
+    EXPECT_FALSE(mapdirty);
+    mapincomplete = false;
+}
+
+TEST_F(FileCommands, TellsThatAMapCannotBeSaved)
+{
+    expectfilename("Enregistrer la carte", path("nulle part/copie.map"));
+    choose("mnuFileSaveMap");
+    EXPECT_EQ(label2(), "copie.map impossible à enregistrer");
 }
 
 TEST_F(FileCommands, SavesTheMapAndSaysSo)

@@ -6,6 +6,7 @@
 #include "app/windows/statusbar.h"
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "base/processmark.h"
 #include "base/session.h"
 #include "base/settings.h"
 #include "network/netfile.h"
@@ -16,6 +17,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -103,6 +105,28 @@ TEST_F(Startup, AMissingLastNetworkKeepsItsName)
     EXPECT_EQ(nameof(session.netfile), "parti.net");
     EXPECT_EQ(network, defaulttables());
     EXPECT_EQ(nameof(session.recent[0]), "parti.net");
+}
+
+TEST_F(Startup, ALastNetworkThatIsNoneIsNotSavedOver)
+{
+    const std::string file = path("lettre.net");
+    ASSERT_TRUE(writefile(file, "Ceci n'est pas un réseau, mais une lettre."));
+    writesetting("LastProject", file);
+    start();
+    EXPECT_EQ(session.netfile, "default.net");
+    EXPECT_EQ(network, defaulttables());
+}
+
+TEST_F(Startup, TellsWhereAnInterruptedWriteHasLeftTheOldBytes)
+{
+    std::string mark = processmark();
+    mark.replace(9, 8, "00000000"); // an earlier start of the machine
+    const std::string copies = userfolder() + "copies/";
+    QDir().mkpath(QString::fromStdString(copies));
+    ASSERT_TRUE(writefile(copies + "nord.net." + mark + ".copie", "old"));
+    start();
+    EXPECT_EQ(label2(), "Enregistrement interrompu, l'ancien contenu est dans " + copies +
+                            "nord.net." + mark + ".copie");
 }
 
 TEST_F(Startup, TakesANetworkFromTheCommandLineInQuotesToo)

@@ -156,6 +156,53 @@ TEST_F(CoveragePicture, LegendComesWithTheRainbow)
     EXPECT_EQ(picture->surface.over.size(), 2U) << "the sheet and the legend over it";
 }
 
+TEST_F(CoveragePicture, ARainbowWithoutAScaleAsksNothingAndDrawsNothing)
+{
+    network.coverage.surfacecolour = 0;
+    coveragechoice.covrainbow = true;
+    coveragechoice.levels = {-90, -90};
+    colours.showlegend = 1;
+    picture->data.Mapmode = 1; // one that is asked about
+    const QImage before = surfaceimage(picture->surface);
+    coverage();
+    EXPECT_TRUE(questions.empty());
+    EXPECT_TRUE(picture->surface.over.empty());
+    EXPECT_EQ(changed(before), 0U);
+    EXPECT_EQ(opbusy, 0);
+}
+
+TEST_F(CoveragePicture, APictureClosedBeforeTheFirstStepEndsTheRun)
+{
+    for (const bool radio : {true, false}) {
+        hooks.pumpevents = [] {
+            if (!openpictures.empty() && opbusy == 0)
+                closepicture(*openpictures.back());
+        };
+        if (radio)
+            coverage();
+        else
+            viscoverage("");
+        EXPECT_TRUE(openpictures.empty());
+        EXPECT_TRUE(questions.empty());
+        EXPECT_EQ(opbusy, 0);
+        hooks.pumpevents = [] {};
+        picture = drawmap(nullptr, true);
+    }
+}
+
+TEST_F(CoveragePicture, APictureClosedBeforeItIsDrawnAnewEndsTheRun)
+{
+    picture->data.Mapmode = 1;
+    answers = {Answer::yes};
+    hooks.pumpevents = [] {
+        if (!openpictures.empty() && opbusy == 0)
+            closepicture(*openpictures.back());
+    };
+    coverage();
+    EXPECT_TRUE(openpictures.empty());
+    EXPECT_EQ(opbusy, 0);
+}
+
 TEST_F(CoveragePicture, VisualCoverageIsPaintedInItsColour)
 {
     const QImage before = surfaceimage(picture->surface);

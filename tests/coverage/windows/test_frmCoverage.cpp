@@ -70,6 +70,7 @@ TEST_F(CoverageDialog, ShowsTheStoredParametersWithinTheirRanges)
     EXPECT_EQ(text("azmax"), "360");
     EXPECT_EQ(text("step"), "1");
     EXPECT_EQ(text("low"), "1") << "-107 is no S-unit";
+    EXPECT_EQ(text("high"), "9");
     EXPECT_TRUE(get<QCheckBox>("surface").isChecked());
     EXPECT_FALSE(get<QCheckBox>("curve").isChecked());
     EXPECT_FALSE(get<QCheckBox>("rainbow").isChecked());
@@ -288,4 +289,27 @@ TEST_F(CoverageDialog, HaatReportsOnTheCentralStation)
     hooks.viewtext = [&](const std::string& file) { opened = file; };
     click("haat");
     EXPECT_EQ(opened, path("Haat.txt"));
+}
+
+TEST_F(CoverageDialog, TakesADecimalComma)
+{
+    type("rmax", "12,5");
+    type("step", "0,5");
+    click("apply");
+    EXPECT_EQ(network.coverage.rangemax, 12.5F);
+    EXPECT_EQ(network.coverage.azstep, 0.5F);
+}
+
+TEST_F(CoverageDialog, ARangeBelowTheOtherKeepsItsDistance)
+{
+    type("rmin", "10");
+    type("rmax", "5"); // below the other field
+    EXPECT_EQ(text("rmax"), "10.1");
+    type("rmax", "0"); // and below all bounds
+    EXPECT_EQ(text("rmax"), "10.1");
+    type("rmin", "0");
+    EXPECT_EQ(text("rmin"), "0.1");
+    click("apply");
+    EXPECT_EQ(network.coverage.rangemax, 10.1F);
+    EXPECT_EQ(network.coverage.rangemin, 0.1F);
 }

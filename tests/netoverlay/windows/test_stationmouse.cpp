@@ -134,6 +134,40 @@ TEST_F(StationMouseTest, ADragCarriesTheStationByTheWayOfTheMouse)
     EXPECT_FALSE(picture->marks.Shape2);
 }
 
+TEST_F(StationMouseTest, TheStatusLineTellsTheMoveAndHowToTakeItBack)
+{
+    std::string label2;
+    hooks.setlabel2 = [&label2](const std::string& text) { label2 = text; };
+    const QPoint from = on(2);
+    press(Qt::LeftButton, from);
+    move(from + QPoint(30, -40), Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_TRUE(label2.starts_with("Poste  ")) << label2;
+    EXPECT_TRUE(label2.ends_with("(Échap : annuler)")) << label2;
+    release(from + QPoint(30, -40));
+    EXPECT_TRUE(label2.ends_with("(Ctrl+Z : annuler le déplacement)")) << label2;
+    press(Qt::LeftButton, on(2));
+    move(on(2) + QPoint(30, 0), Qt::LeftButton);
+    QApplication::processEvents();
+    QTest::keyClick(surface, Qt::Key_Escape);
+    EXPECT_EQ(label2.find("annuler"), std::string::npos) << label2;
+    release(on(2) + QPoint(30, 0));
+}
+
+TEST_F(StationMouseTest, ASelectionThatPassesAStationLeavesItWhereItIs)
+{
+    const NetworkTables before = network;
+    const QPoint label = on(2);
+    press(Qt::LeftButton, label - QPoint(60, 40));
+    for (int step = -50; step <= 50; step += 10)
+        move(label + QPoint(step, step * 2 / 3), Qt::LeftButton);
+    release(label + QPoint(50, 33));
+    QApplication::processEvents();
+    EXPECT_TRUE(network == before);
+    EXPECT_FALSE(netunsaved());
+    EXPECT_TRUE(picture->marks.Shape2) << "the selection stands";
+}
+
 TEST_F(StationMouseTest, MovesFasterThanTheDrawingFallTogether)
 {
     int drawn = 0;

@@ -135,24 +135,43 @@ TEST_F(OpenPictures, PicturesAreFoundBesideTheNetworkAndInTheProgramsFolder)
     EXPECT_EQ(program->data.Filename, path("program.bmp"));
 }
 
-TEST_F(OpenPictures, ARasterThatCannotBeLoadedLeavesABlankPicture)
+TEST_F(OpenPictures, WhatIsNoImageOpensNothing)
 {
     text("a.bmp", "this is no picture");
-    const OpenPicture* picture = openpic(path("a.bmp"), 0);
-    ASSERT_NE(picture, nullptr);
-    EXPECT_EQ(picture->surface.kept.pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(openpic(path("a.bmp"), 0), nullptr);
+    EXPECT_TRUE(openpictures.empty());
+    EXPECT_EQ(label2, "a.bmp : image illisible");
 }
 
-TEST_F(OpenPictures, ARasterThatClaimsAHugeSizeLeavesABlankPicture)
+TEST_F(OpenPictures, WhatIsNoImageLeavesTheOpenPictureOfItsName)
+{
+    const OpenPicture* picture = openpic(raster("a.bmp", 30, 20), 0);
+    text("a.bmp", "this is no picture");
+    EXPECT_EQ(openpic(path("a.bmp"), 0), nullptr);
+    EXPECT_EQ(currentpic, picture);
+    EXPECT_EQ(picture->data.scalewidth, 30);
+    EXPECT_EQ(picture->surface.kept.pixelColor(5, 5), QColor(200, 100, 50));
+}
+
+TEST_F(OpenPictures, PicturesWhoseNamesDifferInCaseAreTwo)
+{
+    const OpenPicture* capital = openpic(raster("Vue.bmp", 30, 20), 0);
+    const OpenPicture* small = openpic(raster("vue.bmp", 10, 20), 0);
+    EXPECT_EQ(capital->data.scalewidth, 30);
+    EXPECT_EQ(small->data.scalewidth, 10);
+    EXPECT_EQ(openpictures.size(), 2U);
+    EXPECT_EQ(openpic(path("vue.bmp"), 0), small);
+}
+
+TEST_F(OpenPictures, ARasterThatClaimsAHugeSizeOpensNothing)
 {
     // The head of a bitmap of 30000 x 30000 pixels of 24 bits, and nothing behind it.
     const std::string head("BM\x36\x00\x00\x00\x00\x00\x00\x00\x36\x00\x00\x00\x28\x00\x00\x00"
                            "\x30\x75\x00\x00\x30\x75\x00\x00\x01\x00\x18\x00",
                            30);
     text("a.bmp", head + std::string(24, '\0'));
-    const OpenPicture* picture = openpic(path("a.bmp"), 0);
-    ASSERT_NE(picture, nullptr);
-    EXPECT_EQ(picture->data.scalewidth, 60);
+    EXPECT_EQ(openpic(path("a.bmp"), 0), nullptr);
+    EXPECT_EQ(label2, "a.bmp : image illisible");
 }
 
 TEST_F(OpenPictures, GifAndJpegOpenToo)
@@ -222,10 +241,15 @@ TEST_F(OpenPictures, AnotherFormatGetsASidecarOnlyAfterAQuestion)
     EXPECT_EQ(readfile(path("a.jpg")), before);
 }
 
-TEST_F(OpenPictures, SavingWhereNothingCanBeWrittenIsSilent)
+TEST_F(OpenPictures, SavingWhereNothingCanBeWrittenIsTold)
 {
     OpenPicture& picture = *openpic("", -1);
-    savepic(picture, path("no/such/folder/vue.bmp"));
+    EXPECT_FALSE(savepic(picture, path("no/such/folder/vue.bmp")));
+    EXPECT_EQ(label2, "vue.bmp impossible à enregistrer");
+    std::filesystem::create_directory(path("autre.dat")); // a sidecar cannot be written here
+    EXPECT_FALSE(savepic(picture, path("autre.bmp")));
+    EXPECT_EQ(label2, "autre.dat impossible à enregistrer");
+    picture.data.Filename = "Image1.bmp";
     EXPECT_EQ(picture.data.Filename, "Image1.bmp");
 }
 

@@ -299,6 +299,6 @@ TEST_F(PictureFile, AFullDiskLeavesTheOldPicture)
     }
     EXPECT_EQ(readfile(path("vue.bmp")), raster);
     EXPECT_EQ(readfile(path("vue.dat")), sidecar);
-    EXPECT_EQ(label2, "before");
+    EXPECT_EQ(label2, "vue.bmp impossible à enregistrer");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 2);
 }

@@ -226,6 +226,12 @@ TEST_F(LinkWindow, TakesAHeightIntoTheNet)
     EXPECT_EQ(network.antheights[2][2], 0.5F);
 }
 
+TEST_F(LinkWindow, TakesAHeightWithADecimalComma)
+{
+    type("leftheight", "12,5");
+    EXPECT_EQ(network.antheights[2][1], 12.5F);
+}
+
 TEST_F(LinkWindow, TakesAHeightAsTheDefaultWithoutANet)
 {
     choose(1, 3);

@@ -223,3 +223,19 @@ TEST_F(DrawMap, CountsItsTiles)
     optiles = 3;
     EXPECT_EQ(job.value(2560), 13);
 }
+
+TEST_F(DrawMap, APictureClosedBeforeTheFirstTileEndsTheDrawing)
+{
+    OpenPicture* picture = drawmap(nullptr, true);
+    bool busy = false;
+    hooks.setbusyinterface = [&busy](bool on) { busy = on; };
+    hooks.pumpevents = [] {
+        if (!openpictures.empty() && opbusy == 0)
+            closepicture(*openpictures.back());
+    };
+    EXPECT_EQ(drawmap(picture, true), nullptr);
+    EXPECT_TRUE(openpictures.empty());
+    EXPECT_EQ(currentpic, nullptr);
+    EXPECT_EQ(opbusy, 0);
+    EXPECT_FALSE(busy);
+}

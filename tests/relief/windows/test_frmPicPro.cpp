@@ -267,11 +267,9 @@ TEST_F(FrmPicPro, TransparentTakesEffectAtOnce)
 
 TEST_F(FrmPicPro, TheFontDialogSetsTheFontOfLabels)
 {
-    askfont = [](const QFont& start, QWidget*) {
-        EXPECT_TRUE(start.bold());
-        QFont font(QStringLiteral("Serif"), 13);
-        font.setItalic(true);
-        return std::optional(font);
+    askfont = [](const FontChoice& start, QWidget*) {
+        EXPECT_EQ(start, (FontChoice{QStringLiteral("MS Sans Serif"), 8, true, false}));
+        return std::optional(FontChoice{QStringLiteral("Serif"), 13, false, true});
     };
     open();
     press("font");
@@ -283,9 +281,44 @@ TEST_F(FrmPicPro, TheFontDialogSetsTheFontOfLabels)
 
 TEST_F(FrmPicPro, GivingUpTheFontDialogKeepsTheFont)
 {
-    askfont = [](const QFont&, QWidget*) { return std::optional<QFont>(); };
+    askfont = [](const FontChoice&, QWidget*) { return std::optional<FontChoice>(); };
     open();
     press("font");
+    EXPECT_EQ(session.drawfontname, "MS Sans Serif");
+}
+
+TEST_F(FrmPicPro, TheFontDialogLeftUntouchedKeepsTheFont)
+{
+    open();
+    QTimer::singleShot(0, dialog.get(), [] {
+        auto* box = QApplication::activeModalWidget();
+        ASSERT_TRUE(box);
+        EXPECT_EQ(box->findChild<QComboBox*>(QStringLiteral("name"))->currentText().toStdString(),
+                  "MS Sans Serif"); // which this system has not
+        box->findChild<QPushButton*>(QStringLiteral("ok"))->click();
+    });
+    press("font");
+    EXPECT_EQ(session.drawfontname, "MS Sans Serif");
+    EXPECT_EQ(session.drawfontsize, 8);
+    EXPECT_TRUE(session.drawfontbold);
+    EXPECT_FALSE(session.drawfontitalic);
+}
+
+TEST_F(FrmPicPro, TheFontDialogGivesWhatIsChosenInIt)
+{
+    open();
+    QTimer::singleShot(0, dialog.get(), [] {
+        auto* box = QApplication::activeModalWidget();
+        ASSERT_TRUE(box);
+        box->findChild<QSpinBox*>(QStringLiteral("points"))->setValue(14);
+        box->findChild<QCheckBox*>(QStringLiteral("bold"))->click();
+        box->findChild<QCheckBox*>(QStringLiteral("italic"))->click();
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    press("font");
+    EXPECT_EQ(session.drawfontsize, 14);
+    EXPECT_FALSE(session.drawfontbold);
+    EXPECT_TRUE(session.drawfontitalic);
     EXPECT_EQ(session.drawfontname, "MS Sans Serif");
 }
 

@@ -95,8 +95,28 @@ TEST_F(ReportDialog, NarrowReportsArePrintedUpright)
     ReportWriter out;
     for (int i = 0; i < 200; ++i)
         out.line("Une ligne");
-    printreport(pdf, out.lines());
+    printreport(pdf, [&out](int columns) {
+        EXPECT_EQ(columns, 0);
+        return out.lines();
+    });
     EXPECT_EQ(pdf.pageLayout().orientation(), QPageLayout::Portrait);
+}
+
+TEST_F(ReportDialog, TooBroadReportsAreLaidOutForABroadPage)
+{
+    QPdfWriter pdf(QString::fromStdString(folder.path("b.pdf")));
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    std::vector<int> asked;
+    printreport(pdf, [&asked](int columns) {
+        asked.push_back(columns);
+        ReportWriter out;
+        out.line(std::string(columns == 0 ? 200 : static_cast<std::size_t>(columns), 'x'));
+        return out.lines();
+    });
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_EQ(pdf.pageLayout().orientation(), QPageLayout::Landscape);
+    // 267 mm at 12 points: a tenth of an inch for each character
+    EXPECT_NEAR(asked[1], 105, 1);
 }
 
 TEST_F(ReportDialog, ReportFontHasOnePitch)

@@ -107,6 +107,17 @@ TEST_F(FrmMapPro, OpensOnTheMapAsItIs)
     EXPECT_EQ(find<QPushButton>("enterposition")->text(), QStringLiteral("Entrer LAT LON ou QRA"));
 }
 
+TEST_F(FrmMapPro, TakesDecimalCommas)
+{
+    open();
+    type("lon", "7,5");
+    type("lat", "44,25");
+    type("size", "12,5");
+    EXPECT_EQ(label("position"), "007°30'00\"E - 44°15'00\"N");
+    EXPECT_FALSE(isred("lon"));
+    EXPECT_EQ(mapedit.record.mapsize, 12.5F);
+}
+
 TEST_F(FrmMapPro, NamesAMapWithoutOne)
 {
     mapname.clear();
