@@ -1,3 +1,5 @@
+#include "base/busy.h"
+#include "base/bytes.h"
 #include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/operation.h"

@@ -23,6 +23,12 @@ std::string stationname(int unit)
     return unit == 0 ? "..." : unitat(unit).name.text();
 }
 
+/// How the menu names the move of a station.
+QString movingtext(int unit)
+{
+    return QStringLiteral("déplacer ") + QString::fromStdString(stationname(unit));
+}
+
 const StationMark& markof(const OpenPicture& picture, int unit)
 {
     return picture.marks.stations[static_cast<std::size_t>(unit)];
@@ -80,6 +86,7 @@ bool StationMouse::dragged(const QMouseEvent& event)
         return true;
     if (!drag) {
         drag = begindrag(held);
+        edit.emplace(movingtext(held));
         surface->setCursor(Qt::ClosedHandCursor);
     }
     wanted = event.position();
@@ -121,7 +128,10 @@ void StationMouse::settle()
         carry();
     if (drag)
         ::settle(*drag);
+    if (edit)
+        edit->done();
     drag.reset();
+    edit.reset();
     held = 0;
 }
 
@@ -131,6 +141,7 @@ bool StationMouse::escape()
         return false;
     putback(*drag);
     drag.reset();
+    edit.reset();
     redraw.stop();
     given = true; // the button is still down
     surface->setCursor(Qt::CrossCursor);
@@ -165,8 +176,10 @@ void StationMouse::offermoving(int unit)
                                          Question::Buttons::yesno, Question::Icon::question});
     if (answer != Answer::yes)
         return;
+    TablesEdit moving(movingtext(unit));
     placeunit(unit, cursor.lon, cursor.lat);
     markedited();
+    moving.done();
     drawnets();
     picturehooks.stationmoved(unit, true);
 }

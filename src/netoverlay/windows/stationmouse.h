@@ -1,6 +1,7 @@
 #pragma once
 
 #include "netoverlay/paint/movestation.h"
+#include "network/windows/netundo.h"
 #include "pictures/windows/picturetool.h"
 
 #include <QTimer>
@@ -58,6 +59,7 @@ private:
     QPointF wanted; ///< where the mouse is; moves that come faster than the drawing fall together
     QTimer redraw;  ///< runs from a move until it is drawn
     std::optional<StationDrag> drag;
+    std::optional<TablesEdit> edit; ///< the drag as one thing to take back
     std::shared_ptr<PickedEnds> picked;
 };
 

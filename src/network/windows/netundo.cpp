@@ -2,6 +2,7 @@
 
 #include "base/windows/undostack.h"
 #include "network/tabledelta.h"
+#include "network/unsaved.h"
 
 #include <QUndoCommand>
 
@@ -47,6 +48,7 @@ private:
         writefields(delta, network);
         for (const OpenEdit& open : openedits)
             writefields(delta, *open.before);
+        markedited();
         networkundohooks.changed();
     }
 
@@ -74,8 +76,10 @@ void TablesEdit::done()
 void pushtablesedit(const QString& what, const NetworkTables& before)
 {
     TablesDelta delta = tablesdelta(before, network);
-    if (!delta.empty())
-        undostack().push(new TablesEntry(what, std::move(delta)));
+    if (delta.empty())
+        return;
+    markedited();
+    undostack().push(new TablesEntry(what, std::move(delta)));
 }
 
 void settleedits()

@@ -27,8 +27,8 @@ public:
     /// Without `done` nothing can be taken back.
     ~TablesEdit();
 
-    /// Enters what changed; nothing where nothing did. What changes from here on belongs to the
-    /// next call.
+    /// Enters what changed, and the network counts as changed; nothing where nothing did. What
+    /// changes from here on belongs to the next call.
     void done();
 
 private:

@@ -9,6 +9,7 @@
 #include "network/commonnets.h"
 #include "network/unsaved.h"
 #include "network/windows/lists.h"
+#include "network/windows/netundo.h"
 #include "radio/exportprofile.h"
 #include "radio/paint/linkpicture.h"
 #include "radio/windows/linkview.h"
@@ -150,8 +151,11 @@ void frmLink::applyheight(bool left, const QString& typed)
     const int net = chosennet();
     if (net > 0) {
         const int unit = left ? transmitter() : receiver();
+        TablesEdit edit(QStringLiteral("hauteur d'antenne de ") +
+                        QString::fromStdString(unitat(unit).name.text()));
         network.height(net, unit) = height;
         markedited();
+        edit.done();
     } else {
         (left ? session.defh1 : session.defh2) = height;
     }

@@ -1,3 +1,4 @@
+#include "base/windows/undostack.h"
 #include "netoverlay/windows/stationmouse.h"
 #include "network/unsaved.h"
 #include "pictures/windows/picturewindowtest.h"
@@ -22,6 +23,7 @@ protected:
         network.nets[1].topology = visiblebit;
         selection = {};
         marksaved();
+        forgetedits();
         picturewindowhooks.editstation = [this] { edited.push_back(selection.curunit); };
         picturewindowhooks.showlink = [this](int a, int b) { links.emplace_back(a, b); };
         drawnets();
@@ -248,4 +250,61 @@ TEST_F(StationMouseTest, ClosingThePictureLeavesTheStationWhereItIs)
     QApplication::processEvents();
     EXPECT_TRUE(openpictures.empty());
     EXPECT_NEAR(unit(2).lon, 7.8F + 30 * 0.005F, 1e-5);
+}
+
+TEST_F(StationMouseTest, ADragIsOneThingToTakeBack)
+{
+    const NetworkTables before = network;
+    const QPoint from = on(2);
+    press(Qt::LeftButton, from);
+    for (const int way : {10, 20, 30}) {
+        move(from + QPoint(way, 5), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    release(from + QPoint(30, 5));
+    const NetworkTables after = network;
+    EXPECT_EQ(undostack().count(), 1);
+    EXPECT_EQ(undotext(), QStringLiteral("déplacer Poste"));
+    marksaved();
+    undolast();
+    EXPECT_TRUE(network == before);
+    EXPECT_TRUE(netunsaved());
+    redolast();
+    EXPECT_TRUE(network == after);
+}
+
+TEST_F(StationMouseTest, ADragThatIsTakenBackWhileItLastsGoesOn)
+{
+    const NetworkTables before = network;
+    const QPoint from = on(2);
+    press(Qt::LeftButton, from);
+    move(from + QPoint(30, 0), Qt::LeftButton);
+    QApplication::processEvents();
+    settleedits();
+    undolast();
+    EXPECT_TRUE(network == before);
+    release(from + QPoint(30, 0));
+    EXPECT_TRUE(network == before);
+}
+
+TEST_F(StationMouseTest, NothingIsTakenBackOfADragThatWasGivenUp)
+{
+    const QPoint from = on(2);
+    press(Qt::LeftButton, from);
+    move(from + QPoint(30, -40), Qt::LeftButton);
+    QApplication::processEvents();
+    QTest::keyClick(surface, Qt::Key_Escape);
+    release(from);
+    EXPECT_EQ(undostack().count(), 0);
+}
+
+TEST_F(StationMouseTest, AMoveToTheCursorIsOneThingToTakeBack)
+{
+    const NetworkTables before = network;
+    movecursor(7.25F, 44.75F);
+    answers = {Answer::yes};
+    QTest::mouseClick(surface, Qt::RightButton, {}, on(2));
+    EXPECT_EQ(undostack().count(), 1);
+    undolast();
+    EXPECT_TRUE(network == before);
 }

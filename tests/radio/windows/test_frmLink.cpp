@@ -1,6 +1,8 @@
 #include "base/settings.h"
+#include "base/windows/undostack.h"
 #include "netoverlay/paint/overlay.h"
 #include "network/unsaved.h"
+#include "network/windows/netundo.h"
 #include "pictures/paint/cursor.h"
 #include "pictures/paint/picturetest.h"
 #include "radio/windows/frmLink.h"
@@ -230,6 +232,19 @@ TEST_F(LinkWindow, TakesAHeightWithADecimalComma)
 {
     type("leftheight", "12,5");
     EXPECT_EQ(network.antheights[2][1], 12.5F);
+}
+
+TEST_F(LinkWindow, AnAppliedHeightIsOneThingToTakeBack)
+{
+    forgetedits();
+    type("leftheight", "25");
+    EXPECT_EQ(undotext(), QStringLiteral("hauteur d'antenne de Ouest"));
+    undolast();
+    EXPECT_EQ(network.antheights[2][1], 0);
+    window->followtables();
+    EXPECT_EQ(field("leftheight"), "2.0");
+    EXPECT_EQ(double{window->current().link.record.h1}, 2);
+    forgetedits();
 }
 
 TEST_F(LinkWindow, TakesAHeightAsTheDefaultWithoutANet)
