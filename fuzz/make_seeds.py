@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the seeds of the readers of networks, maps and geodetic systems: fuzz/seeds/."""
+"""Writes the seeds of the readers of networks, their recovery copies, maps and geodetic systems:
+fuzz/seeds/."""
 
 import pathlib
 import struct
@@ -40,9 +41,13 @@ def nets():
                 + struct.pack("<hfhihi3fi", 0, -107, -1, 0xFFFF, 0, 0, 2, 2, 0, 0))
     heights = struct.pack("<1250f", *[0.0] * 1250) + bytes(50)
     current = struct.pack("<f", 2000) + records() + coverage
-    write("net", "plain.net", current + text("a.map") + text("") + heights)
     write("net", "pictures.net",
           current + text("c:\\été.map") + text("a.bmp") + text("b.bmp") + text("") + heights)
+    plain = current + text("a.map") + text("") + heights
+    write("net", "plain.net", plain)
+    path = "/où/ça.net".encode()
+    write("recovery", "whole.net", plain + path + struct.pack("<I", len(path)) + b"VELMREC1")
+    write("recovery", "claims.net", plain + path + struct.pack("<I", 0x7FFFFFFF) + b"VELMREC1")
     write("net", "older.net", text("vieux.map") + records())
     write("net", "map.net", struct.pack("<f", 5000) + bytes(100))
 

@@ -5,6 +5,10 @@
 #include "base/paths.h"
 #include "base/temporaryfile.h"
 
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>

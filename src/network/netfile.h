@@ -59,11 +59,14 @@ std::string besidenetwork(const std::string& name);
 /// happens; a map under a network's name leaves all tables, and the rest happens. What `probenet`
 /// refuses changes nothing at all; the status line says why.
 void loadnet(const std::string& path);
+/// The same with bytes that a file should hold, as if they stood in the file of this path. The
+/// network counts as changed.
+void recovernet(const std::string& path, const std::string& content);
 /// How the last `loadnet` ended.
 NetStatus lastnetstatus();
 
 /// Writes the network to a .net file, as a whole or not at all. A longer file keeps its bytes
-/// behind the new ones. A name with another extension writes nothing and counts as done. On failure
-/// a message is shown, the network stays unsaved, and `why` receives the system's reason. True when
-/// it counts as done.
+/// behind the new ones; the previous one stays beside it with a tilde behind its name. A name with
+/// another extension writes nothing and counts as done. On failure a message is shown, the network
+/// stays unsaved, and `why` receives the system's reason. True when it counts as done.
 bool savenet(const std::string& path, std::string* why = nullptr);

@@ -140,15 +140,12 @@ static bool refused(const std::string& path)
     return laststatus == NetStatus::toolarge || laststatus == NetStatus::foreign;
 }
 
-/// Reads the tables of the file and opens its pictures.
-static NetStatus readtables(const std::string& path)
+/// Reads the tables from a file's content and opens its pictures.
+static NetStatus readtables(const std::string& content)
 {
-    const std::optional<std::string> content = readfile(path);
-    if (!content)
-        return NetStatus::unreadable;
     NetFile file;
     file.mapname = mapname;
-    const NetStatus status = parsenet(asbytes(*content), network, file);
+    const NetStatus status = parsenet(asbytes(content), network, file);
     hooks.netreplaced();
     mapname = status == NetStatus::mapfile ? mapname : besidenetwork(file.mapname);
     for (const std::string& picture : file.pictures)
@@ -156,12 +153,10 @@ static NetStatus readtables(const std::string& path)
     return status;
 }
 
-static NetStatus readproject(const std::string& path)
+/// Takes a file's content and everything it names, the folder of the file included.
+static NetStatus readcontent(const std::string& path, const std::string& content)
 {
-    const auto found = lowercase(path).ends_with("net") ? findfile(path) : std::nullopt;
-    if (!found)
-        return NetStatus::unreadable;
-    const NetStatus status = readtables(*found);
+    const NetStatus status = readtables(content);
     if (status != NetStatus::ok && status != NetStatus::mapfile)
         return status;
     framestations(network, mapgrid.record);
@@ -169,10 +164,25 @@ static NetStatus readproject(const std::string& path)
     mapframe(mapgrid);
     loadmap(mapname);
     hooks.netsloaded();
-    gotofolder(pathof(*found));
+    gotofolder(pathof(path));
     if (mapincomplete)
         hooks.setlabel2(nameof(mapname) + " : carte incomplète");
     return status;
+}
+
+static NetStatus readproject(const std::string& path)
+{
+    const std::optional<std::string> found = lowercase(path).ends_with("net") ? findfile(path) : std::nullopt;
+    const std::optional<std::string> content = found ? readfile(*found) : std::nullopt;
+    return content ? readcontent(*found, *content) : NetStatus::unreadable;
+}
+
+/// The network's file is this one from now on.
+static void takename(const std::string& path)
+{
+    session.netfile = path;
+    writesetting("LastProject", session.netfile);
+    addrecent(session.netfile);
 }
 
 void loadnet(const std::string& path)
@@ -181,11 +191,24 @@ void loadnet(const std::string& path)
         return;
     const Busy busy;
     hooks.pumpevents();
-    session.netfile = keptname(unquoted(path));
-    writesetting("LastProject", session.netfile);
-    addrecent(session.netfile);
+    takename(keptname(unquoted(path)));
     laststatus = readproject(session.netfile);
     marksaved();
+}
+
+void recovernet(const std::string& path, const std::string& content)
+{
+    const Busy busy;
+    takename(path);
+    laststatus = readcontent(path, content);
+    markedited();
+}
+
+/// Keeps a file that is about to be written over as its name with a tilde. Where that fails, the
+/// new one is written all the same.
+static void keepprevious(const std::string& target, const std::string& content)
+{
+    writefile(target + "~", content);
 }
 
 /// The network's bytes over the file that is there: what a longer file has behind them stays.
@@ -193,9 +216,11 @@ static bool writenet(const std::string& path, std::string* why)
 {
     const std::string target = targetpath(path);
     const std::string bytes = netbytes(network, mapname, hooks.openpictures());
-    const std::string old = readfile(target).value_or(std::string());
-    const std::string_view parts[] = {
-        bytes, std::string_view(old).substr(std::min(bytes.size(), old.size()))};
+    const std::optional<std::string> previous = readfile(target);
+    if (previous)
+        keepprevious(target, *previous);
+    const std::string_view old = previous ? *previous : std::string_view();
+    const std::string_view parts[] = {bytes, old.substr(std::min(bytes.size(), old.size()))};
     return writefile(target, parts, why);
 }
 

@@ -4,17 +4,9 @@
 
 bool netedited = false;
 
-static std::uint64_t edits = 0;
-
 void markedited()
 {
     netedited = true;
-    ++edits;
-}
-
-std::uint64_t editcount()
-{
-    return edits;
 }
 
 bool netunsaved()

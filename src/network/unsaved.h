@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 /// True when a user has changed the tables since the network was made, read or saved: a station
 /// carried or moved, a height applied, whatever an editor writes. Beside `netdirty`, which tells
 /// that the network dialog was open.
@@ -9,10 +7,6 @@ extern bool netedited;
 
 /// Notes that a user has changed the tables. Whoever writes them on a user's order calls it.
 void markedited();
-
-/// Number of changes noted in this run. It only grows, so that who keeps copies of the tables sees
-/// a change without comparing them.
-std::uint64_t editcount();
 
 /// True when closing or replacing the network would lose something.
 bool netunsaved();

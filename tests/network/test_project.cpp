@@ -362,6 +362,31 @@ TEST_F(ProjectTest, SavingOverALongerFileKeepsTheOldBytesBehind)
     EXPECT_EQ(lastnetstatus(), NetStatus::ok);
 }
 
+TEST_F(ProjectTest, SavingOverANetworkKeepsThePreviousOne)
+{
+    const std::string file = disk.makefile("work.net", "first");
+    ASSERT_TRUE(savenet(file));
+    EXPECT_EQ(disk.content("work.net~"), "first");
+    const std::string second = disk.content("work.net");
+    network.units[1].name.assign("Nord");
+    ASSERT_TRUE(savenet(file));
+    EXPECT_EQ(disk.content("work.net~"), second);
+    ASSERT_TRUE(savenet(disk.path("new.net")));
+    EXPECT_FALSE(fs::exists(disk.path("new.net~")));
+}
+
+TEST_F(ProjectTest, ARecoveredNetworkStandsUnderItsOwnPathAsChanged)
+{
+    const std::string own = disk.path("Own.net");
+    recovernet(own, netbytes(twostations(), "", {"p.bmp"}));
+    EXPECT_EQ(session.netfile, low("Own.net")); // as every network's path in memory
+    EXPECT_TRUE(network == twostations());
+    EXPECT_THAT(opened, ElementsAre("p.bmp/2"));
+    EXPECT_EQ(evaluations, 1);
+    EXPECT_TRUE(netunsaved());
+    EXPECT_FALSE(fs::exists(own));
+}
+
 TEST_F(ProjectTest, AnotherExtensionWritesNothingAndCountsAsDone)
 {
     session.netfile = "/plans/a.net";

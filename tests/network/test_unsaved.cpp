@@ -17,13 +17,3 @@ TEST(Unsaved, AnEditOrTheOpenedDialogMakesTheNetworkUnsaved)
     marksaved();
     EXPECT_FALSE(netunsaved());
 }
-
-TEST(Unsaved, TheCounterGrowsWithEachEditAndNeverFalls)
-{
-    const auto before = editcount();
-    markedited();
-    markedited();
-    EXPECT_EQ(editcount(), before + 2);
-    marksaved();
-    EXPECT_EQ(editcount(), before + 2);
-}

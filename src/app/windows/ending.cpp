@@ -4,6 +4,7 @@
 #include "app/windows/endsignals.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/geometry.h"
+#include "app/windows/recovery.h"
 #include "app/windows/sessionstore.h"
 #include "app/windows/shellhooks.h"
 #include "base/hooks.h"
@@ -41,6 +42,7 @@ bool queryending(frmMain& window)
         window.timer->start();
         return false;
     }
+    endrecovery();
     window.hide();
     winddown(window.winddown_s);
     return true;

@@ -2,6 +2,7 @@
 
 #include "app/windows/frmMain.h"
 #include "app/windows/frmSplash.h"
+#include "app/windows/recovery.h"
 #include "app/windows/sessionstore.h"
 #include "app/windows/shellhooks.h"
 #include "base/hooks.h"
@@ -125,6 +126,8 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     auto window = std::make_unique<frmMain>();
     mainwindow = window.get();
     window->timersteps.emplace_back(redrawmoved);
+    window->timersteps.emplace_back(keeprecovery);
+    startrecovery();
     window->winddown_s = options.winddown_s;
     window->setEnabled(false);
     window->setWindowIcon(QIcon(QStringLiteral(":/icons/velmora.svg")));
@@ -154,5 +157,6 @@ std::unique_ptr<frmMain> startup(const std::string& commandline, const StartOpti
     window->timer->start();
     session.tempfolder = tempdir();
     tellinterrupted();
+    attempt(offerrecovery);
     return window;
 }
