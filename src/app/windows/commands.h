@@ -51,6 +51,16 @@ void restudylink();
 /// Lets the link window ask for a file and give the pictures back to the nets, and lets the
 /// pictures open it.
 void connectlinkwindow();
+/// The active picture goes to the clipboard with its place, or the part of it that is selected;
+/// without a picture the clipboard is emptied.
+void copytoclipboard();
+/// The clipboard's image takes the place of the active picture's own, or becomes a new picture.
+/// Nothing without an image.
+void paste();
+void pasteasnew();
+/// Shows the active picture as it comes out on paper, to print it or write it as PDF.
+void printactive();
+
 /// Takes back, or does again, what the user did last.
 void undo();
 void redo();
