@@ -43,13 +43,12 @@ std::vector<double> ModelCase::list(const std::string& column) const
     return values;
 }
 
-std::vector<ModelCase> readcases(const std::string& name)
+static void appendcases(const std::string& path, std::vector<ModelCase>& cases)
 {
-    std::ifstream file(sourcefolder() + "/../shared/data/lr/" + name);
+    std::ifstream file(path);
     std::string line;
-    std::vector<ModelCase> cases;
     if (!std::getline(file, line))
-        return cases;
+        return;
     const std::vector<std::string> header = split(line, ',');
     while (std::getline(file, line)) {
         const std::vector<std::string> parts = split(line, ',');
@@ -58,5 +57,12 @@ std::vector<ModelCase> readcases(const std::string& name)
             row.columns[header[i]] = parts[i];
         cases.push_back(row);
     }
+}
+
+std::vector<ModelCase> readcases(const std::string& name)
+{
+    std::vector<ModelCase> cases;
+    for (const char* folder : {"/tests/data/lr/", "/../shared/data/lr/"})
+        appendcases(sourcefolder() + folder + name, cases);
     return cases;
 }

@@ -15,5 +15,6 @@ struct ModelCase {
     std::vector<double> list(const std::string& column) const;
 };
 
-/// Rows of a table of the propagation model's reference cases; none where it is absent.
+/// Rows of a table of the propagation model's reference cases: those of the project, then the whole
+/// set of them where it lies beside the project.
 std::vector<ModelCase> readcases(const std::string& name);
