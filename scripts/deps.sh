@@ -11,7 +11,7 @@ run_packages=(
     fonts-dejavu-core
 )
 test_packages=(
-    clang-format clang-tidy
+    clang-format clang-tidy python3
     xvfb xauth
 )
 
