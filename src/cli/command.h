@@ -15,37 +15,37 @@ struct Command {
 /// All commands, in the order of the help.
 std::span<const Command> commands();
 
-// info.cpp
+/// `info`: what a file of any kind holds, in info.cpp.
 std::function<void()> setupinfo(CLI::App& parser);
 
-// evaluation.cpp
+/// `evaluate` and `lines`: all links of a network, in evaluation.cpp.
 std::function<void()> setupevaluate(CLI::App& parser);
 std::function<void()> setuplines(CLI::App& parser);
 
-// onelink.cpp
+/// `link`, `losses` and `export`: one link by its profile, in onelink.cpp.
 std::function<void()> setuplink(CLI::App& parser);
 std::function<void()> setuplosses(CLI::App& parser);
 std::function<void()> setupexport(CLI::App& parser);
 
-// positions.cpp
+/// `where`, `parse` and `elevation`: one position, in positions.cpp.
 std::function<void()> setupwhere(CLI::App& parser);
 std::function<void()> setupparse(CLI::App& parser);
 std::function<void()> setupelevation(CLI::App& parser);
 
-// rendering.cpp
+/// `render` and `draw`: a picture of the map, with the network on it, in rendering.cpp.
 std::function<void()> setuprender(CLI::App& parser);
 std::function<void()> setupdraw(CLI::App& parser);
 
-// build.cpp
+/// `build`: a map from elevation sources, in build.cpp.
 std::function<void()> setupbuild(CLI::App& parser);
 
-// import.cpp
+/// `import`: foreign rasters into elevation sources, in import.cpp.
 std::function<void()> setupimport(CLI::App& parser);
 
-// coverages.cpp
+/// `coverage` and `viewshed`: a sweep painted or as a table, in coverages.cpp.
 std::function<void()> setupcoverage(CLI::App& parser);
 std::function<void()> setupviewshed(CLI::App& parser);
 
-// reporting.cpp
+/// `report` and `haat`: texts as the program writes them, in reporting.cpp.
 std::function<void()> setupreport(CLI::App& parser);
 std::function<void()> setuphaat(CLI::App& parser);

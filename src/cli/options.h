@@ -18,9 +18,12 @@ struct NetworkOptions {
     bool interference = false;
     bool json = false;
 
+    /// The propagation mode for the model: 0 normal, 1 interference.
     std::int16_t mode() const { return interference ? 1 : 0; }
 };
 
+/// Gives a command the options that all of them take, or those of the commands on a network. The
+/// record is filled when the line is read and must live until then.
 void addoptions(CLI::App& parser, CommonOptions& options);
 void addoptions(CLI::App& parser, NetworkOptions& options);
 /// The choice of JSON in place of CSV.

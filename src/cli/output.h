@@ -22,6 +22,7 @@ public:
     void add(std::string_view key, float value) { add(key, cell(value)); }
     void add(std::string_view key, double value) { add(key, cell(value)); }
 
+    /// The lines so far.
     const std::string& text() const { return lines; }
 
 private:
@@ -38,6 +39,7 @@ public:
     /// Adds a row, a cell per column.
     void add(std::vector<std::string> row) { rows.push_back(std::move(row)); }
 
+    /// The whole table, in UTF-8.
     std::string text(bool json) const { return json ? jsontext() : csvtext(); }
 
 private:

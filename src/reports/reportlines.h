@@ -25,8 +25,11 @@ int charactercount(const std::string& text);
 class ReportWriter
 {
 public:
+    /// Writes a UTF-8 text where the line is, in a colour (0xBBGGRR).
     void write(const std::string& text, std::int32_t colour = 0);
+    /// Moves to a column, counted from 1.
     void tab(int column);
+    /// Ends the line, then `count` - 1 empty ones.
     void endline(int count = 1);
     /// `tab`, then `write`.
     void writeat(int column, const std::string& text, std::int32_t colour = 0);

@@ -13,6 +13,7 @@ bool savemapas();
 /// The same for the active picture.
 bool savepictureas();
 
+/// Entries of the File menu: a new network, opening and saving networks and map, a new picture.
 void newnetworks();
 void opennetworks();
 void savenetworks();
@@ -79,11 +80,13 @@ void showhidetoolbar();
 void showhidestatusbar();
 void followmouse();
 
+/// Entries of the Window menu: they arrange the pictures in the main window.
 void cascadewindows();
 void tilehorizontally();
 void tilevertically();
 void arrangeicons();
 
+/// Opens the box about the program.
 void showabout();
 /// The stop signal of the running operation.
 void stopoperation();

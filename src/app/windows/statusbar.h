@@ -24,6 +24,7 @@ class Lamp : public QWidget
 {
 public:
     using QWidget::QWidget;
+    /// The light's colour; it is repainted when that changes.
     void setcolour(const QColor& next);
     QColor colour() const { return current; }
 
@@ -40,6 +41,7 @@ class StatusBar : public QStatusBar
 public:
     explicit StatusBar(QWidget* parent);
 
+    /// Texts of the field for places and of the one for what happens.
     void setplace(const QString& shown);
     void settext(const QString& shown);
     /// The progress bar at 1 to 100 percent; 0 hides it. Nothing is painted while the strip is

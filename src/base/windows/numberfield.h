@@ -14,6 +14,7 @@ class NumberField : public QLineEdit
 public:
     NumberField(const QString& name, double lo, double hi, QWidget* parent);
 
+    /// Least and largest number that the field takes; it is red outside.
     void setbounds(double lo, double hi);
     /// Shows a number in general notation.
     void setnumber(float number);

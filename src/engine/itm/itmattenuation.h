@@ -102,6 +102,8 @@ template <class R> ITM_INLINE R pathparameter(const Radio& radio, R C, R d)
     return radio.xfactor * (1.607 - radio.kfactor * C) * C * C * d;
 }
 
+/// What the diffraction attenuation of paths takes from all of their quantities but the distance
+/// (Algorithm, section 4).
 template <class R> ITM_INLINE Diffraction<R> makediffraction(const Radio& radio, const Paths<R>& p)
 {
     constexpr double ln_a0 = 15.954792100000127; // of 4/3 6370e3
@@ -172,7 +174,6 @@ template <class R> struct DiffractionLine {
     R start; ///< A_ed, dB
     R slope; ///< m_d, dB/m
 };
-
 template <class R>
 ITM_INLINE DiffractionLine<R> diffractionline(const Radio& radio, const Paths<R>& p)
 {
@@ -319,7 +320,6 @@ template <class R> struct ScatterGain {
     R h0;
     R r1, r2; ///< height parameters
 };
-
 template <class R> ITM_INLINE ScatterGain<R> scattergain(const Radio& radio, const Paths<R>& p, R s)
 {
     const R angle = p.the1 + p.the2 + radio.gme * s;
@@ -363,7 +363,6 @@ template <class R> struct ScatterLine {
     R start, slope; ///< dB, dB/m
     R from;         ///< d_x, m
 };
-
 template <class R>
 ITM_INLINE ScatterLine<R> scatterline(const Radio& radio, const Paths<R>& p,
                                       const DiffractionLine<R>& line)

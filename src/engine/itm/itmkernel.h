@@ -22,6 +22,8 @@ struct Kernel {
                    double* losses, double* room, ItmResult& out);
 };
 
+/// Numbers that `Kernel::radial` needs as room for a profile of n intervals, and those of them that
+/// vectors may read behind a row's end.
 inline constexpr int kernelpadding = 16;
 constexpr long kernelroom(int n)
 {
@@ -149,7 +151,6 @@ template <class R> ITM_INLINE Paths<R> makepaths(const Radio& radio, const Readi
 template <class R> struct Losses {
     R loss, free, aref, region;
 };
-
 template <class R> ITM_INLINE Losses<R> lossesof(const Radio& radio, Paths<R>& p)
 {
     sumhorizons(radio, p);
@@ -216,6 +217,7 @@ inline void path(const double* z, int n, double step, const ItmInput& in, ItmRes
 struct ReadingRows {
     static constexpr int fields = 11;
     double rows[fields][width];
+    /// Sets one lane's path, and gives those of all lanes side by side.
     ITM_INLINE void put(int lane, const Reading<double>& in)
     {
         const double* from = &in.d;

@@ -135,6 +135,7 @@ struct Census {
     int between = 0;
     double found[pointroom]; ///< those between
 
+    /// Sets an empty count of the bracket above `from`, up to and with `to`.
     void begin(double from, double to)
     {
         low = from;

@@ -36,6 +36,7 @@ struct Highest {
     Lanes height = fill<Lanes>(-1e290);
     Lanes distance = fill<Lanes>(1);
 
+    /// Takes one more angle a lane: height `h` over distance `s`, both in m, s > 0.
     ITM_INLINE void see(Lanes h, Lanes s)
     {
         const auto higher = h * distance > height * s;
@@ -83,6 +84,7 @@ ITM_INLINE Horizons horizons(const Terrain& t, int n, double top1, double top2)
     if (n < 2)
         return out;
     const auto look = [&](Horizon& horizon, double distance, double top, bool leftwards) {
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): of a positive number it is right
         const int steps = static_cast<int>(distance / t.step + 0.5);
         const int sample = leftwards ? n - steps : steps;
         const double angle = sightangle(t.z[sample], top, steps * t.step, t.halfgme);
@@ -207,6 +209,7 @@ struct Hull {
         return (ya - yi) * (i - b) > (yb - yi) * (i - a);
     }
 
+    /// Takes sample i at height yi, m in that frame, right of all taken before.
     ITM_INLINE void add(int i, double yi)
     {
         // The last one goes if the one before it is seen no lower from here.

@@ -32,6 +32,7 @@ using Lanes = double __attribute__((vector_size(8 * ITM_WIDTH)));
 using LaneBits = unsigned long long __attribute__((vector_size(8 * ITM_WIDTH)));
 using LaneMask = decltype(Lanes{} < Lanes{});
 
+/// A number's bits as they stand in memory, and the number of such bits.
 ITM_INLINE LaneBits bitsof(Lanes x)
 {
     return reinterpret_cast<LaneBits>(x);
@@ -49,23 +50,25 @@ ITM_INLINE double realof(unsigned long long x)
     return std::bit_cast<double>(x);
 }
 
+/// The same number in every lane.
 template <class R> ITM_INLINE R fill(double x)
 {
     return R{} + x;
 }
 
+/// Numbers that follow one another in memory, at any address, one a lane; `store` puts them there.
 ITM_INLINE Lanes load(const double* from)
 {
     Lanes x;
     __builtin_memcpy(&x, from, sizeof x);
     return x;
 }
-
 ITM_INLINE void store(double* to, Lanes x)
 {
     __builtin_memcpy(to, &x, sizeof x);
 }
 
+/// a in the lanes where m holds, else b; both are evaluated.
 ITM_INLINE double select(bool m, double a, double b)
 {
     return m ? a : b;
@@ -87,6 +90,7 @@ ITM_INLINE Lanes select(LaneMask m, double a, double b)
     return m ? fill<Lanes>(a) : fill<Lanes>(b);
 }
 
+/// Conditions lane by lane, both evaluated.
 ITM_INLINE bool both(bool a, bool b)
 {
     return a && b;
@@ -104,6 +108,7 @@ ITM_INLINE LaneMask either(LaneMask a, LaneMask b)
     return a | b;
 }
 
+/// Whether a condition holds in at least one lane.
 ITM_INLINE bool any(bool m)
 {
     return m;
@@ -124,6 +129,7 @@ ITM_INLINE bool any(LaneMask m)
 #endif
 }
 
+/// Square root, correctly rounded; of a negative number a NaN.
 ITM_INLINE double squareroot(double x)
 {
     return __builtin_sqrt(x);
@@ -143,6 +149,8 @@ ITM_INLINE Lanes squareroot(Lanes x)
 #endif
 }
 
+/// The larger and the smaller of two numbers, |x|, and x^2, lane by lane. Where a comparison with a
+/// NaN decides, b is taken.
 template <class R> ITM_INLINE R larger(R a, R b)
 {
     return select(a > b, a, b);
@@ -195,6 +203,7 @@ template <class R> ITM_INLINE R logarithmof(R e, R s)
     return e * ln2high + (2.0 * s + (s * z * (low + z4 * high) + e * ln2low));
 }
 
+/// first, first + 1, ... in the lanes.
 ITM_INLINE Lanes countfrom(int first)
 {
     Lanes x{};
@@ -212,6 +221,7 @@ ITM_INLINE double total(const Lanes (&x)[parts])
     return ((row[0] + row[4]) + (row[2] + row[6])) + ((row[1] + row[5]) + (row[3] + row[7]));
 }
 
+/// The least number of all lanes.
 ITM_INLINE double least(Lanes x)
 {
     double row[width];

@@ -16,6 +16,7 @@ public:
     void release() { picture = nullptr; }
 
 signals:
+    /// What the mouse did over the surface; positions are those of the widget.
     void pressed(QMouseEvent* event);
     void moved(QMouseEvent* event);
     void released(QMouseEvent* event);
