@@ -7,7 +7,7 @@ cd "$(dirname "$0")"
 
 scripts/deps.sh test
 if [ "${1:-all}" != quick ]; then
-    scripts/check.sh
+    scripts/check.sh changed
     scripts/build.sh sanitizers
     ctest --preset sanitizers --label-exclude slow
 fi

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Checks of the sources themselves: format and includes; with "tidy" also clang-tidy on all of src/,
-# which takes minutes.
-#   scripts/check.sh [tidy]
+# Checks of the sources themselves: format, includes, rings of rooms, sizes, header blocks; on demand also
+# clang-tidy, on what changed (see scripts/tidy.sh), on the logic floors, or on all of src/.
+#   scripts/check.sh [changed|tidy|tidy-all]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -39,9 +39,14 @@ if [ "$missing" = 1 ]; then
     exit 1
 fi
 
-if [ "${1:-}" = tidy ]; then
-    echo "clang-tidy"
-    scripts/build.sh release
-    git ls-files 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet
-fi
+echo "rooms, sizes, header blocks"
+python3 scripts/rooms.py
+python3 scripts/sizes.py
+python3 scripts/doccount.py
+
+case "${1:-}" in
+tidy) scripts/tidy.sh logic ;;
+tidy-all) scripts/tidy.sh all ;;
+changed) scripts/tidy.sh changed ;;
+esac
 echo "sources are clean"

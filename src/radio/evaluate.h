@@ -21,7 +21,8 @@ public:
 private:
     static std::size_t index(int net, int a, int b)
     {
-        return static_cast<std::size_t>(((a - 1) * MAXUNIT + (b - 1)) * MAXNET + (net - 1));
+        const int cell = ((a - 1) * MAXUNIT + (b - 1)) * MAXNET + (net - 1);
+        return static_cast<std::size_t>(cell);
     }
     std::vector<std::uint8_t> cells =
         std::vector<std::uint8_t>(std::size_t{MAXNET} * MAXUNIT * MAXUNIT);
