@@ -25,3 +25,13 @@ void moveunit(float lon, float lat)
     moved = true;
     hooks.unitmoved(selection.curunit);
 }
+
+int unplacedunit()
+{
+    for (int number = 1; number <= MAXUNIT; ++number) {
+        const Unit& unit = unitat(number);
+        if (unit.enabled != 0 && unit.lon == 0 && unit.lat == 0)
+            return number;
+    }
+    return 0;
+}

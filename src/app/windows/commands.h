@@ -43,6 +43,11 @@ void elevationgrid();
 /// Lets the map's windows reach the cursor and the pictures.
 void connectmapwindows();
 
+/// Opens the station editor, or brings it to the front.
+void stationproperties();
+/// Lets the station editor reach the pictures, and the pictures open it.
+void connectunitwindow();
+
 /// Opens the radio link window, or brings it to the front.
 void radiolink();
 /// Another network is in the tables: the link window shows its stations.

@@ -1,15 +1,18 @@
 #include "app/windows/frmMain.h"
 
 #include "app/windows/ending.h"
+#include "app/windows/firststeps.h"
 #include "app/windows/geometry.h"
 #include "app/windows/icons.h"
 #include "app/windows/menus.h"
+#include "app/windows/placehint.h"
 #include "app/windows/stationicons.h"
 #include "app/windows/statusbar.h"
 #include "app/windows/toolbar.h"
 #include "base/hooks.h"
 #include "base/session.h"
 #include "base/windows/undostack.h"
+#include "network/windows/frmUnit.h"
 #include "pictures/windows/frmPic.h"
 #include "radio/windows/frmLink.h"
 
@@ -47,6 +50,8 @@ frmMain::frmMain()
     area->setBackground(palette().brush(QPalette::Mid));
     statusbar = new StatusBar(strips);
     buildmenus();
+    firststeps = new FirstSteps([this](const char* name) { return action(name); }, area);
+    placehint = new PlaceHint(area);
     toolbar = new ToolBar([this](const char* name) { return action(name); }, strips);
 
     auto* column = new QVBoxLayout(strips);
@@ -165,6 +170,7 @@ void frmMain::updatemenus()
         }
     }
     action("mnuStop")->setVisible(busy);
+    firststeps->setVisible((state & needs::child) == 0);
 }
 
 /// "Annuler: déplacer Nord"; a mark in the name is part of it, and makes no shortcut letter.
@@ -247,12 +253,15 @@ void frmMain::setbusy(bool on)
     }
     if (frmLink* window = linkwindow(this))
         window->setbusy(on);
+    if (frmUnit* window = unitwindow(this))
+        window->setEnabled(!on);
     toolbar->setbusy(on);
     updatemenus();
 }
 
 void frmMain::tick()
 {
+    placehint->refresh();
     for (const auto& step : timersteps) {
         try {
             step();

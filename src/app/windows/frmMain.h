@@ -12,6 +12,8 @@ class QAction;
 class QMdiArea;
 class QMdiSubWindow;
 class QTimer;
+class FirstSteps;
+class PlaceHint;
 class StatusBar;
 class ToolBar;
 struct OpenPicture;
@@ -71,6 +73,8 @@ private:
     unsigned menustate() const;
 
     std::map<std::string, QAction*, std::less<>> actions;
+    FirstSteps* firststeps = nullptr; ///< shown while no picture is open
+    PlaceHint* placehint = nullptr;
     bool busy = false;
 };
 

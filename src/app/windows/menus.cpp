@@ -83,7 +83,7 @@ static constexpr auto entries = std::to_array<MenuEntry>({
     {1, "mnuEditProject", "Projection", "", nullptr, onpicture},
     {1, "mnuEditFitMap", "Ajuster la carte à l'image/sélection", "", nullptr, onpicture},
     {1, "", "", "", nullptr, 0},
-    {1, "mnuEditUnit", "&Propriétés des stations", "", nullptr, idle},
+    {1, "mnuEditUnit", "&Propriétés des stations", "", stationproperties, idle},
 
     {0, "mnuView", "&Affichage", "", nullptr, idle},
     {1, "mnuViewLink", "&Lien radio", "", radiolink, idle},

@@ -6,6 +6,7 @@
 #include "app/windows/statusbar.h"
 #include "base/hooks.h"
 #include "netoverlay/paint/overlay.h"
+#include "netoverlay/windows/placemenu.h"
 #include "netoverlay/windows/stationmouse.h"
 #include "pictures/windows/frmPic.h"
 #include "relief/paint/drawmap.h"
@@ -64,6 +65,7 @@ void fillhooks()
     connectrelief();
     connectnetoverlay();
     connectstationmouse();
+    connectplacemenu();
     hooks.drawmap = [draw = hooks.drawmap](const std::string& name) {
         draw(name);
         if (mainwindow)
@@ -76,6 +78,7 @@ void fillhooks()
     connectmapwindows();
     connectlinkwindow();
     connectundo();
+    connectunitwindow();
     hooks.netsloaded = [] {
         refilllink(); // first: its one link gives way to the nets
         shownetwork();

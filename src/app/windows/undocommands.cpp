@@ -3,6 +3,7 @@
 #include "base/hooks.h"
 #include "base/windows/undostack.h"
 #include "netoverlay/paint/overlay.h"
+#include "network/windows/frmUnit.h"
 #include "network/windows/netundo.h"
 #include "radio/evaluate.h"
 #include "radio/link.h"
@@ -43,6 +44,8 @@ static void followtables()
         paintnets();
     if (frmLink* window = linkwindow(mainwindow))
         window->followtables();
+    if (frmUnit* window = unitwindow(mainwindow))
+        window->refill();
 }
 
 void connectundo()

@@ -43,6 +43,16 @@ void redrawmoved()
     drawnets();
 }
 
+void placestation(int unit, float lon, float lat)
+{
+    selection.curunit = static_cast<std::int16_t>(unit);
+    placeunit(unit, lon, lat);
+    markedited();
+    drawnets();
+    picturehooks.stationmoved(unit, true);
+    tellplace(unitat(unit));
+}
+
 StationDrag begindrag(int unit)
 {
     evaluate(network, mapgrid, false, interf, quality);

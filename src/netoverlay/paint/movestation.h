@@ -5,6 +5,10 @@
 /// A step of the main timer: draws the nets again when a station has moved and nothing else runs.
 void redrawmoved();
 
+/// Puts a station where the user wants it, degrees, draws the nets, and tells its place. It becomes
+/// the current one, and the network counts as edited.
+void placestation(int unit, float lon, float lat);
+
 /// A station that the mouse carries, as it was before.
 struct StationDrag {
     int unit = 0;

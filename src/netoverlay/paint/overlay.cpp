@@ -160,17 +160,34 @@ void clearoverlay(OpenPicture& picture)
 {
     erase(picture.surface);
     picture.marks.stations = {};
+    picture.links.reset();
+}
+
+/// Lays links and stations out on a picture that carries them.
+void layout(OpenPicture& picture, const std::vector<DrawnLink>& links, int carried)
+{
+    const auto sheet = picture.links; // with the image of its lines, if they stay
+    clearoverlay(picture);
+    picture.links = sheet;
+    drawlinks(picture, links, carried);
+    for (int i = 1; i <= MAXUNIT; ++i)
+        drawstation(picture, i);
 }
 
 void paintnets(OpenPicture& picture, const std::vector<DrawnLink>& links, int carried)
 {
     if (!isflat(picture))
         return;
-    clearoverlay(picture);
-    drawlinks(picture, links, carried);
-    for (int i = 1; i <= MAXUNIT; ++i)
-        drawstation(picture, i);
+    layout(picture, links, carried);
     picturehooks.picturechanged(picture, {});
+}
+
+/// Where a station is painted; empty: nowhere.
+QRect paintedarea(const StationMark& mark)
+{
+    constexpr int reach = 4; // pixels: the cross, and the slant of the last letter
+    return mark.visible ? mark.label.united(mark.icon).adjusted(-reach, -reach, reach, reach)
+                        : QRect();
 }
 
 /// A map was read: what stands in for a missing one is level and lies at 0.
@@ -205,9 +222,38 @@ void erasenets()
 {
     for (const auto& picture : openpictures) {
         clearoverlay(*picture);
-        picture->links.reset();
         hidemarks(picture->marks);
         picturehooks.picturechanged(*picture, {});
+    }
+}
+
+void clearpictures()
+{
+    for (const auto& picture : openpictures) {
+        clearoverlay(*picture);
+        picturehooks.picturechanged(*picture, {});
+    }
+}
+
+void redrawstation(int unit)
+{
+    const std::vector<DrawnLink> links = drawnlinks();
+    for (const auto& picture : openpictures) {
+        if (!isflat(*picture))
+            continue;
+        const StationMark& mark = picture->marks.stations[static_cast<std::size_t>(unit)];
+        const QRect before = paintedarea(mark);
+        if (picture->links) {
+            layout(*picture, links, 0);
+        } else {
+            clearoverlay(*picture);
+            drawstation(*picture, unit);
+        }
+        const QRect part = before.united(paintedarea(mark));
+        if (!picture->links)
+            picturehooks.picturechanged(*picture, {});
+        else if (!part.isEmpty())
+            picturehooks.picturechanged(*picture, part);
     }
 }
 

@@ -18,6 +18,13 @@ extern float toplevel;
 /// Takes hairs, selection, marks and drawing off every picture.
 void erasenets();
 
+/// Takes what is drawn over every picture off it. Hairs and selection stay.
+void clearpictures();
+
+/// Draws a station anew whose name, colours or icon changed. The nets that are drawn stay; where
+/// none are, it is drawn alone.
+void redrawstation(int unit);
+
 /// Draws a station, or all 50 for any other number, with its cross, label and icon on every placed
 /// picture.
 ///   clear  takes the drawing off first

@@ -2,6 +2,9 @@
 
 #include "network/tables.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+
 #include <algorithm>
 
 void fillstations(QComboBox& list, int selected)
@@ -21,4 +24,22 @@ void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none
     if (list.count() == 0)
         list.addItem(none, 0);
     list.setCurrentIndex(std::max(0, list.findData(selection.linknet)));
+}
+
+void showstation(QListWidgetItem& line, int number)
+{
+    const Unit& unit = unitat(number);
+    const bool placed = unit.placed();
+    line.setText(QString::fromStdString(unit.name.text()));
+    line.setForeground(
+        QGuiApplication::palette().brush(placed ? QPalette::Text : QPalette::PlaceholderText));
+    line.setToolTip(placed ? QString() : QStringLiteral("Pas encore placée"));
+}
+
+void fillstations(QListWidget& list)
+{
+    for (int number = 1; number <= MAXUNIT; ++number) {
+        list.addItem(QString());
+        showstation(*list.item(number - 1), number);
+    }
 }

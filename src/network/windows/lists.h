@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QListWidget>
 
 #include <vector>
 
@@ -10,3 +11,8 @@ void fillnets(QComboBox& list, const std::vector<int>& nets, const QString& none
 
 /// Fills a list with the names of all stations and selects one.
 void fillstations(QComboBox& list, int selected);
+
+/// A station's line in a list: its name, greyed while the station has no place yet.
+void showstation(QListWidgetItem& line, int number);
+/// Fills a list with such lines of all stations.
+void fillstations(QListWidget& list);
