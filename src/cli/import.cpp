@@ -2,12 +2,12 @@
 #include "base/paths.h"
 #include "cli/command.h"
 #include "cli/failure.h"
+#include "cli/inputs.h"
 #include "cli/options.h"
 #include "cli/output.h"
-#include "gis/importer.h"
+#include "gis/gis.h"
 
 #include <cmath>
-#include <dlfcn.h>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -17,56 +17,76 @@ namespace
 struct ImportArguments {
     std::string folder;
     std::vector<std::string> files;
+    std::string unit, crs;
+    std::vector<std::string> bounds; ///< west, south, east, north
+    int band = 0;
+    bool ignoremissing = false;
+    bool json = false;
     CommonOptions common;
 };
 
-/// The procedure behind the command, loaded when it is needed. It stays loaded.
-ImportProcedure loadimporter()
+GeoBox boundsof(const std::vector<std::string>& degrees)
 {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    const std::filesystem::path beside = program.parent_path();
-    for (const auto& folder : {beside / "../lib", beside}) {
-        void* const library = dlopen((folder / importlibrary).c_str(), RTLD_NOW | RTLD_LOCAL);
-        void* const symbol = library != nullptr ? dlsym(library, importprocedure) : nullptr;
-        if (symbol != nullptr)
-            return reinterpret_cast<ImportProcedure>(symbol);
-    }
-    throw Failure("import", std::string("cannot load ") + importlibrary +
-                                "; this program was built without it");
+    GeoBox box;
+    box.west = double{longitude("--bounds W", degrees[0])};
+    box.south = double{latitude("--bounds S", degrees[1])};
+    box.east = double{longitude("--bounds E", degrees[2])};
+    box.north = double{latitude("--bounds N", degrees[3])};
+    if (box.east < box.west)
+        box.east += 360; // across 180 degrees
+    if (!(box.south < box.north) || !(box.west < box.east))
+        throw UsageError("--bounds: no extent between south and north or west and east");
+    return box;
 }
 
-void runimport(const ImportArguments& arguments)
+/// Where cells are found and written, and what is said meanwhile.
+void connect(ImportOrder& order, const std::string& root, std::string& why)
 {
-    prepare(arguments.common);
-    ImportOrder order;
-    for (const std::string& file : arguments.files)
-        order.files.push_back(findfile(file).value_or(file));
-    const std::string root = arguments.folder + "/";
     order.find = [&root](const std::string& name) { return findfile(root + name); };
-    std::string why;
-    order.write = [&](const std::string& name, std::string_view bytes) {
+    order.write = [&root, &why](const std::string& name, std::string_view bytes) {
         const std::string path = targetpath(root + name);
         std::error_code error;
         std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
         return writefile(path, bytes, &why);
     };
-    int shown = 0;
-    order.progress = [&shown](double share) {
+    order.say = [](const std::string& what, const std::string& sentence) {
+        hooks.setprogress(0);
+        remark(what, sentence);
+    };
+    order.progress = [shown = 0](double share) mutable {
         const int percent = static_cast<int>(std::lround(share * 100));
         if (percent > shown)
             hooks.setprogress(shown = percent);
     };
+}
 
+void runimport(const ImportArguments& arguments)
+{
+    ImportOrder order;
+    order.band = arguments.band;
+    order.unit = arguments.unit;
+    order.crs = arguments.crs;
+    order.ignoremissing = arguments.ignoremissing;
+    if (!arguments.bounds.empty())
+        order.bounds = boundsof(arguments.bounds);
+    prepare(arguments.common);
+    for (const std::string& file : arguments.files)
+        order.files.push_back(findfile(file).value_or(file));
+    const std::string root = arguments.folder + "/";
+    std::string why;
+    connect(order, root, why);
+
+    const GisLibrary* const gis = gislibrary();
+    if (gis == nullptr)
+        throw Failure("import", nogislibrary);
     ImportResult result;
-    loadimporter()(order, result);
+    gis->importrasters(order, result);
     hooks.setprogress(0);
     if (!result.what.empty())
         throw Failure(result.what, why.empty() ? result.why : why);
     KeyValues output;
-    for (const std::string& cell : result.cells)
-        output.add("cell", cell);
-    printresult(output.text());
+    output.addlist("cell", result.cells);
+    printresult(output.text(arguments.json));
 }
 } // namespace
 
@@ -81,10 +101,26 @@ std::function<void()> setupimport(CLI::App& parser)
                     "Rasters of elevations with a georeference: .hgt, GeoTIFF, ...")
         ->type_name("FILE...")
         ->required();
+    parser.add_option("--band", arguments->band, "Band of the heights, from 1")
+        ->check(CLI::Range(1, 65535))
+        ->type_name("N");
+    parser
+        .add_option("--unit", arguments->unit, "Unit of the heights: m, ft, us-ft, cm, dm, km ...")
+        ->type_name("U");
+    parser.add_option("--crs", arguments->crs, "Coordinate system of rasters that name none")
+        ->type_name("EPSG:N");
+    parser.add_option("--bounds", arguments->bounds, "Take only what lies within, degrees")
+        ->expected(4)
+        ->type_name("W S E N");
+    parser.add_flag("--ignore-missing", arguments->ignoremissing,
+                    "Rasters without any height are no failure");
+    addjson(parser, arguments->json);
     addoptions(parser, arguments->common);
     parser.footer(
         "Writes one DTED cell per degree, level 2 where a raster is finer than 2 arc seconds,\n"
         "else level 1, over the cells that are there. Then \"build --dted OUTDIR\" uses them.\n"
-        "Prints cell=, the name of each cell written.");
+        "Neighbouring tiles may come in one run or in several, in any order. Heights below\n"
+        "-500 m or above 9000 m count as voids.\n"
+        "Prints cell=, the name of each cell written; on standard error, cells with voids.");
     return [arguments] { runimport(*arguments); };
 }

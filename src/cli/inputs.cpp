@@ -144,3 +144,21 @@ float coordinate(const std::string& name, const std::string& text)
         throw UsageError(fmt::format("{}: {} is no coordinate in degrees", name, text));
     return static_cast<float>(value);
 }
+
+static float within(float most, const std::string& name, const std::string& text)
+{
+    const float value = coordinate(name, text);
+    if (!(std::abs(value) <= most))
+        throw UsageError(fmt::format("{}: {} lies outside the globe", name, text));
+    return value;
+}
+
+float latitude(const std::string& name, const std::string& text)
+{
+    return within(90, name, text);
+}
+
+float longitude(const std::string& name, const std::string& text)
+{
+    return within(720, name, text);
+}

@@ -27,3 +27,6 @@ int netslot(const std::string& text);
 /// A coordinate in degrees, as a single; what is no number is a wrong command line.
 ///   name: the argument's name
 float coordinate(const std::string& name, const std::string& text);
+/// A latitude on the globe, and a longitude of at most two turns either way.
+float latitude(const std::string& name, const std::string& text);
+float longitude(const std::string& name, const std::string& text);

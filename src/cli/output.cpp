@@ -30,19 +30,77 @@ std::string cell(double value)
     return generalnumber(value);
 }
 
-void KeyValues::add(std::string_view key, std::string_view text)
+void remark(std::string_view what, std::string_view sentence)
 {
-    lines += key;
-    lines += '=';
+    fmt::print(stderr, "velmora-cli: {}: {}\n", what, sentence);
+}
+
+/// A text with the characters escaped that a line does not take.
+static std::string oneline(std::string_view text)
+{
+    std::string line;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '\r' && text.substr(i + 1, 1) == "\n")
             continue;
         if (text[i] == '\r' || text[i] == '\n')
-            lines += "\\n";
+            line += "\\n";
         else
-            lines += text[i];
+            line += text[i];
     }
-    lines += '\n';
+    return line;
+}
+
+static std::string quoted(std::string_view text)
+{
+    std::string json = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\')
+            json += '\\';
+        if (static_cast<unsigned char>(c) < 0x20)
+            fmt::format_to(std::back_inserter(json), "\\u{:04x}", static_cast<unsigned char>(c));
+        else
+            json += c;
+    }
+    return json + '"';
+}
+
+/// A number as JSON has it: infinities, what is no number and what is none have no digits.
+static std::string jsonnumber(const std::string& value)
+{
+    return value.find_first_of("0123456789") != std::string::npos ? value : "null";
+}
+
+void KeyValues::addlist(std::string_view key, const std::vector<std::string>& texts)
+{
+    entries.push_back({std::string(key), texts, false, true});
+}
+
+void KeyValues::put(std::string_view key, std::string value, bool number)
+{
+    entries.push_back({std::string(key), {std::move(value)}, number, false});
+}
+
+std::string KeyValues::linetext() const
+{
+    std::string lines;
+    for (const Entry& entry : entries)
+        for (const std::string& value : entry.values)
+            lines += entry.key + '=' + oneline(value) + '\n';
+    return lines;
+}
+
+std::string KeyValues::jsontext() const
+{
+    std::string text = "{";
+    for (const Entry& entry : entries) {
+        std::vector<std::string> values;
+        for (const std::string& value : entry.values)
+            values.push_back(entry.number ? jsonnumber(value) : quoted(value));
+        const std::string value = fmt::format("{}", fmt::join(values, ", "));
+        fmt::format_to(std::back_inserter(text), "{}\n  \"{}\": {}", text.size() > 1 ? "," : "",
+                       entry.key, entry.list ? '[' + value + ']' : value);
+    }
+    return text + (entries.empty() ? "}\n" : "\n}\n");
 }
 
 std::string NumberTable::csvtext() const
@@ -59,11 +117,8 @@ std::string NumberTable::jsontext() const
     for (std::size_t i = 0; i < rows.size(); ++i) {
         text += i == 0 ? "\n  {" : ",\n  {";
         for (std::size_t column = 0; column < names.size(); ++column) {
-            const std::string& value = rows[i][column];
-            // Infinities and what is no number have no digits.
-            const bool number = value.find_first_of("0123456789") != std::string::npos;
             fmt::format_to(std::back_inserter(text), "{}\"{}\": {}", column == 0 ? "" : ", ",
-                           names[column], number ? value : "null");
+                           names[column], jsonnumber(rows[i][column]));
         }
         text += '}';
     }

@@ -7,26 +7,43 @@
 /// Writes a result to standard output. Throws Failure when it cannot take all of it.
 void printresult(std::string_view text);
 
+/// A sentence for the user on standard error, in the form of the failures; the work goes on.
+void remark(std::string_view what, std::string_view sentence);
+
 /// A number as text: the fewest digits that read back the same number.
 std::string cell(int value);
 std::string cell(float value);
 std::string cell(double value);
 
-/// Lines of the form key=value.
+/// Values under keys, printed as lines of the form key=value or as one JSON object.
 class KeyValues
 {
 public:
-    /// A text; its line ends are written as \n, so that a value is always one line.
-    void add(std::string_view key, std::string_view text);
-    void add(std::string_view key, int value) { add(key, cell(value)); }
-    void add(std::string_view key, float value) { add(key, cell(value)); }
-    void add(std::string_view key, double value) { add(key, cell(value)); }
+    /// A text. In a line its line ends are written as \n, so that a value is always one line.
+    void add(std::string_view key, std::string_view text) { put(key, std::string(text), false); }
+    void add(std::string_view key, int value) { put(key, cell(value), true); }
+    void add(std::string_view key, float value) { put(key, cell(value), true); }
+    void add(std::string_view key, double value) { put(key, cell(value), true); }
+    /// No value: nothing behind the equals sign, null in JSON.
+    void addnone(std::string_view key) { put(key, "", true); }
+    /// A line for each text; in JSON an array, also of none.
+    void addlist(std::string_view key, const std::vector<std::string>& texts);
 
-    /// The lines so far.
-    const std::string& text() const { return lines; }
+    /// The lines so far, or one JSON object.
+    std::string text(bool json = false) const { return json ? jsontext() : linetext(); }
 
 private:
-    std::string lines;
+    struct Entry {
+        std::string key;
+        std::vector<std::string> values;
+        bool number; ///< what has no digits is null in JSON
+        bool list;
+    };
+    void put(std::string_view key, std::string value, bool number);
+    std::string linetext() const;
+    std::string jsontext() const;
+
+    std::vector<Entry> entries;
 };
 
 /// A table of numbers, printed as CSV with a header line or as a JSON array of objects. An empty

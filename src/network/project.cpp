@@ -172,7 +172,8 @@ static NetStatus readcontent(const std::string& path, const std::string& content
 
 static NetStatus readproject(const std::string& path)
 {
-    const std::optional<std::string> found = lowercase(path).ends_with("net") ? findfile(path) : std::nullopt;
+    const std::optional<std::string> found =
+        lowercase(path).ends_with("net") ? findfile(path) : std::nullopt;
     const std::optional<std::string> content = found ? readfile(*found) : std::nullopt;
     return content ? readcontent(*found, *content) : NetStatus::unreadable;
 }

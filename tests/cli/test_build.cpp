@@ -161,7 +161,9 @@ TEST_F(Import, KeepsTheSamplesOfATileOfTheSameGrid)
         return column == 600 && row == 700 ? -32768 : roughground(column, row);
     };
     writehgt("N41E001.hgt", ground);
-    EXPECT_EQ(success({"import", "-o", "out", "N41E001.hgt"}).out, "cell=DTED/E001/N41.DT1\n");
+    const Outcome outcome = run({"import", "-o", "out", "N41E001.hgt"});
+    EXPECT_EQ(outcome.out, "cell=DTED/E001/N41.DT1\n");
+    EXPECT_EQ(outcome.err, "velmora-cli: DTED/E001/N41.DT1: 6.9e-05 % of the cell is void\n");
     for (const auto& [column, row] :
          {std::pair(0, 0), {1200, 1200}, {17, 1100}, {599, 700}, {600, 3}})
         EXPECT_EQ(sample("out/DTED/E001/N41.DT1", column, row), roughground(column, row));
@@ -226,7 +228,28 @@ TEST_F(Import, RefusesFilesThatAreNoRasterWithAPlace)
                 HasSubstr("cannot be read as a raster"));
     writegrid("lost", 1.4, 41.4, 1 / 3600.0, 3, 500);
     std::filesystem::remove(folder / "lost.prj");
-    EXPECT_THAT(failure(1, {"import", "-o", "out", "lost.asc"}), HasSubstr("has no georeference"));
+    EXPECT_THAT(failure(1, {"import", "-o", "out", "lost.asc"}),
+                HasSubstr("names no coordinate system"));
+    EXPECT_THAT(failure(1, {"import", "-o", "out", "none.hgt"}), HasSubstr("no such file"));
+    EXPECT_THAT(failure(1, {"import", "-o", "out", "."}), HasSubstr("is a folder"));
     EXPECT_FALSE(std::filesystem::exists(folder / "out"));
     failure(2, {"import", "lost.asc"});
+    failure(2, {"import", "-o", "out", "--bounds", "1", "95", "2", "96", "lost.asc"});
+    failure(2, {"import", "-o", "out", "--bounds", "1", "42", "2", "41", "lost.asc"});
+}
+
+TEST_F(Import, TakesWhatIsToldOfARaster)
+{
+    writegrid("a", 1.4, 41.4, 1 / 1200.0, 120, 1000);
+    std::filesystem::remove(folder / "a.prj");
+    const Outcome outcome = run({"import", "-o", "out", "--crs", "EPSG:4326", "--unit", "dm",
+                                 "--band", "1", "--bounds", "1.44", "41", "2", "42", "a.asc"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr("% of the cell is void"));
+    EXPECT_EQ(sample("out/DTED/E001/N41.DT1", 540, 540), 100);
+    EXPECT_EQ(sample("out/DTED/E001/N41.DT1", 500, 540), 31000); // nothing written: a void
+    const Outcome nothing = run({"import", "-o", "out", "--crs", "EPSG:4326", "--bounds", "5", "41",
+                                 "6", "42", "--ignore-missing", "--json", "a.asc"});
+    EXPECT_EQ(nothing.status, 0) << nothing.err;
+    EXPECT_EQ(nothing.out, "{\n  \"cell\": []\n}\n");
 }

@@ -1,6 +1,6 @@
 #include "base/clock.h"
-#include "base/numbers.h"
 #include "base/hooks.h"
+#include "base/numbers.h"
 #include "base/paths.h"
 #include "base/session.h"
 #include "reports/netreport.h"

@@ -50,7 +50,7 @@ void placestation(int unit, float lon, float lat)
     markedited();
     drawnets();
     picturehooks.stationmoved(unit, true);
-    tellplace(unitat(unit));
+    tellplace(unitat(unit), undo);
 }
 
 StationDrag begindrag(int unit)

@@ -1,8 +1,8 @@
 #include "pictures/paint/export.h"
 
-#include "base/bytes.h"
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "gis/gis.h"
 #include "pictures/georeference.h"
 
 #include <QBuffer>
@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace
 {
@@ -54,145 +53,32 @@ QImage resampled(const QImage& image, const Picture& picture, const GeoBox& box,
     return out;
 }
 
-/// Types of a directory entry.
-enum FieldType : std::uint16_t { ascii = 2, shorts = 3, longs = 4, doubles = 12 };
-
-/// A directory of a TIFF file, its values behind it.
-class TiffDirectory
+std::optional<std::string> refuse(std::string& why,
+                                  const char* reason = "the picture has no position")
 {
-public:
-    void add(std::uint16_t tag, FieldType type, std::uint32_t count, std::string_view values)
-    {
-        entries.push_back({tag, type, count, std::string(values)});
-    }
-    void addshorts(std::uint16_t tag, const std::vector<std::uint16_t>& values)
-    {
-        add(tag, shorts, static_cast<std::uint32_t>(values.size()), bytesof(values));
-    }
-    void addlong(std::uint16_t tag, std::uint32_t value)
-    {
-        add(tag, longs, 1, bytesof(std::vector{value}));
-    }
-    void adddoubles(std::uint16_t tag, const std::vector<double>& values)
-    {
-        add(tag, doubles, static_cast<std::uint32_t>(values.size()), bytesof(values));
-    }
-
-    /// The file's head: header, directory and values; the pixels follow it. `pixeltag` receives
-    /// the offset of what follows.
-    std::string head(std::uint16_t pixeltag) const
-    {
-        const auto count = static_cast<std::uint32_t>(entries.size());
-        const std::uint32_t valuestart = 8 + 2 + 12 * count + 4;
-        ByteWriter values;
-        ByteWriter out;
-        out.writeblock("II*\0", 4);
-        out.write(std::uint32_t{8});
-        out.write(static_cast<std::uint16_t>(count));
-        std::uint32_t total = valuestart;
-        for (const Entry& entry : entries)
-            total += entry.values.size() > 4 ? even(entry.values.size()) : 0;
-        for (const Entry& entry : entries) {
-            out.write(entry.tag);
-            out.write(static_cast<std::uint16_t>(entry.type));
-            out.write(entry.count);
-            std::string value = entry.tag == pixeltag ? bytesof(std::vector{total}) : entry.values;
-            const auto at = valuestart + static_cast<std::uint32_t>(values.data().size());
-            if (value.size() > 4) {
-                value.resize(even(value.size()));
-                values.writeblock(value.data(), value.size());
-                value = bytesof(std::vector{at});
-            }
-            value.resize(4);
-            out.writeblock(value.data(), value.size());
-        }
-        out.write(std::uint32_t{0});
-        return out.data() + values.data();
-    }
-
-private:
-    struct Entry {
-        std::uint16_t tag;
-        FieldType type;
-        std::uint32_t count;
-        std::string values;
-    };
-    static std::uint32_t even(std::size_t size)
-    {
-        return static_cast<std::uint32_t>(size + size % 2);
-    }
-    template <typename T> static std::string bytesof(const std::vector<T>& values)
-    {
-        return {reinterpret_cast<const char*>(values.data()), values.size() * sizeof(T)};
-    }
-
-    std::vector<Entry> entries; ///< tags rising
-};
-
-/// Tags of the format, by their names there.
-enum Tag : std::uint16_t {
-    ImageWidth = 256,
-    ImageLength = 257,
-    BitsPerSample = 258,
-    Compression = 259,
-    PhotometricInterpretation = 262,
-    StripOffsets = 273,
-    SamplesPerPixel = 277,
-    RowsPerStrip = 278,
-    StripByteCounts = 279,
-    PlanarConfiguration = 284,
-    ExtraSamples = 338,
-    ModelPixelScale = 33550,
-    ModelTiepoint = 33922,
-    GeoKeyDirectory = 34735
-};
-
-/// Red, green, blue, alpha of all pixels, row by row, deflated as the format wants it.
-std::string deflatedpixels(const QImage& image)
-{
-    const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888);
-    QByteArray pixels;
-    const qsizetype rowbytes = qsizetype{rgba.width()} * 4;
-    pixels.reserve(rowbytes * rgba.height());
-    for (int y = 0; y < rgba.height(); ++y)
-        pixels.append(reinterpret_cast<const char*>(rgba.constScanLine(y)), rowbytes);
-    // The toolkit puts the length in front of the stream.
-    return qCompress(pixels).sliced(4).toStdString();
+    why = reason;
+    return {};
 }
 
-std::string tiffhead(const GeoImage& geo, std::uint32_t pixelbytes)
+/// The name of a file without the ending of a KML or KMZ.
+std::string baseof(const std::string& path)
 {
-    const auto width = static_cast<std::uint32_t>(geo.image.width());
-    const auto height = static_cast<std::uint32_t>(geo.image.height());
-    TiffDirectory tiff;
-    tiff.addlong(ImageWidth, width);
-    tiff.addlong(ImageLength, height);
-    tiff.addshorts(BitsPerSample, {8, 8, 8, 8});
-    tiff.addshorts(Compression, {8}); // deflate
-    tiff.addshorts(PhotometricInterpretation, {2});
-    tiff.addlong(StripOffsets, 0);
-    tiff.addshorts(SamplesPerPixel, {4});
-    tiff.addlong(RowsPerStrip, height);
-    tiff.addlong(StripByteCounts, pixelbytes);
-    tiff.addshorts(PlanarConfiguration, {1});
-    tiff.addshorts(ExtraSamples, {2}); // alpha
-    tiff.adddoubles(ModelPixelScale, {(geo.box.east - geo.box.west) / width,
-                                      (geo.box.north - geo.box.south) / height, 0});
-    tiff.adddoubles(ModelTiepoint, {0, 0, 0, geo.box.west, geo.box.north, 0});
-    // Degrees (model type 2), pixels are areas, WGS 84 (4326).
-    tiff.addshorts(GeoKeyDirectory, {1, 1, 0, 3, 1024, 0, 1, 2, 1025, 0, 1, 1, 2048, 0, 1, 4326});
-    return tiff.head(StripOffsets);
+    std::string base = nameof(path);
+    if (lowercase(base).ends_with(".kml") || lowercase(base).ends_with(".kmz"))
+        base.resize(base.size() - 4);
+    return base;
 }
 
-bool refuse(std::string* why)
+std::string pngof(const QImage& image)
 {
-    if (why != nullptr)
-        *why = "the picture has no position";
-    return false;
+    QBuffer png;
+    png.open(QIODevice::WriteOnly);
+    image.save(&png, "PNG");
+    return png.data().toStdString();
 }
 
 /// A ground overlay: a picture by its file name, and the box that it covers.
-QByteArray overlaykml(const std::string& name, const std::string& pngname, const GeoBox& box)
+std::string overlaykml(const std::string& name, const std::string& pngname, const GeoBox& box)
 {
     QByteArray kml;
     QXmlStreamWriter xml(&kml);
@@ -215,12 +101,7 @@ QByteArray overlaykml(const std::string& name, const std::string& pngname, const
     element("east", generalnumber(box.east));
     element("west", generalnumber(box.west));
     xml.writeEndDocument();
-    return kml;
-}
-
-std::string_view viewof(const QByteArray& bytes)
-{
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+    return kml.toStdString();
 }
 } // namespace
 
@@ -243,32 +124,90 @@ GeoImage geoimage(const QImage& image, const Picture& picture)
     return {resampled(image, picture, box, size), box};
 }
 
-bool writegeotiff(const std::string& path, const QImage& image, const Picture& picture,
-                  std::string* why)
+std::optional<std::string> geotiffof(const QImage& image, const Picture& picture, std::string& why)
 {
     const GeoImage geo = geoimage(image, picture);
     if (geo.image.isNull())
         return refuse(why);
-    const std::string pixels = deflatedpixels(geo.image);
-    const std::string head = tiffhead(geo, static_cast<std::uint32_t>(pixels.size()));
-    const std::array<std::string_view, 2> parts{head, pixels};
-    return writefile(targetpath(path), parts, why);
+    const GisLibrary* const gis = gislibrary();
+    if (gis == nullptr)
+        return refuse(why, nogislibrary);
+    const QImage pixels = geo.image.convertToFormat(QImage::Format_RGBA8888); // rows without gaps
+    GeoTiff tiff;
+    tiff.columns = pixels.width();
+    tiff.rows = pixels.height();
+    tiff.box = geo.box;
+    tiff.samples = pixels.constBits();
+    return gis->geotiffbytes(tiff, why);
+}
+
+std::optional<std::string> kmzof(const std::string& name, const QImage& image,
+                                 const Picture& picture, std::string& why)
+{
+    const GeoImage geo = geoimage(image, picture);
+    if (geo.image.isNull())
+        return refuse(why);
+    const GisLibrary* const gis = gislibrary();
+    if (gis == nullptr)
+        return refuse(why, nogislibrary);
+    return gis->zipbytes(
+        {{"doc.kml", overlaykml(name, "overlay.png", geo.box)}, {"overlay.png", pngof(geo.image)}},
+        why);
+}
+
+std::optional<ExportKind> exportkind(const std::string& path)
+{
+    const std::string name = lowercase(nameof(path));
+    if (name.ends_with(".tif") || name.ends_with(".tiff"))
+        return ExportKind::geotiff;
+    if (name.ends_with(".kml"))
+        return ExportKind::kml;
+    if (name.ends_with(".kmz"))
+        return ExportKind::kmz;
+    return {};
+}
+
+std::vector<std::string> exportedfiles(const std::string& path)
+{
+    std::vector<std::string> files{path};
+    if (exportkind(path) == ExportKind::kml)
+        files.push_back(pathof(path) + baseof(path) + ".png");
+    return files;
+}
+
+bool writegeotiff(const std::string& path, const QImage& image, const Picture& picture,
+                  std::string* why)
+{
+    std::string reason;
+    const auto bytes = geotiffof(image, picture, reason);
+    if (bytes)
+        return writefile(targetpath(path), *bytes, why);
+    if (why != nullptr)
+        *why = reason;
+    return false;
+}
+
+/// The image first: a KML without its image would be seen as a hole.
+static bool writepair(const std::string& path, const GeoImage& geo, std::string& why)
+{
+    const std::string pngname = baseof(path) + ".png";
+    return writefile(targetpath(pathof(path) + pngname), pngof(geo.image), &why) &&
+           writefile(targetpath(path), overlaykml(baseof(path), pngname, geo.box), &why);
 }
 
 bool writekml(const std::string& path, const QImage& image, const Picture& picture,
               std::string* why)
 {
-    const GeoImage geo = geoimage(image, picture);
-    if (geo.image.isNull())
-        return refuse(why);
-    std::string base = path;
-    if (lowercase(base).ends_with(".kml"))
-        base.resize(base.size() - 4);
-    const std::string pngname = nameof(base) + ".png";
-    QBuffer png;
-    png.open(QIODevice::WriteOnly);
-    geo.image.save(&png, "PNG");
-    const QByteArray kml = overlaykml(nameof(base), pngname, geo.box);
-    return writefile(targetpath(pathof(base) + pngname), viewof(png.data()), why) &&
-           writefile(targetpath(path), viewof(kml), why);
+    std::string reason;
+    bool written = false;
+    if (exportkind(path) == ExportKind::kmz) {
+        const auto bytes = kmzof(baseof(path), image, picture, reason);
+        written = bytes && writefile(targetpath(path), *bytes, &reason);
+    } else {
+        const GeoImage geo = geoimage(image, picture);
+        written = geo.image.isNull() ? refuse(reason).has_value() : writepair(path, geo, reason);
+    }
+    if (!written && why != nullptr)
+        *why = reason;
+    return written;
 }

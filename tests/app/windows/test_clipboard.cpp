@@ -60,7 +60,7 @@ TEST_F(Clipboard, ASelectionIsDraggedCopiedByKeysAndPastedAsANewPicture)
 {
     OpenPicture& picture = placed();
     frmPic* shown = windowof(picture);
-    auto* surface = shown->findChild<QWidget*>(QStringLiteral("Picture1"));
+    auto* surface = shown->findChild<QWidget*>(QStringLiteral("surface"));
     window->activate(shown);
     QTest::mousePress(surface, Qt::LeftButton, {}, QPoint(80, 20));
     QMouseEvent move(QEvent::MouseMove, QPointF(140, 60), surface->mapToGlobal(QPointF(140, 60)),

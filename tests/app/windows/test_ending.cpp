@@ -180,7 +180,7 @@ TEST_F(EndingBySignal, GivesUpTheOpenDialogs)
 
 TEST_F(EndingBySignal, StopsTheOperationFirst)
 {
-    beginop(Operation::drawmap);
+    beginop({.number = 1, .total = 100});
     std::raise(SIGHUP);
     while (opstep(1) != 0)
         EXPECT_TRUE(window->isVisible());

@@ -71,7 +71,7 @@ TEST_F(NetCommands, TheToolbarOpensIt)
         ASSERT_TRUE(qobject_cast<frmNet*>(QApplication::activeModalWidget()));
         QApplication::activeModalWidget()->close();
     });
-    ToolButton* image = window->Picture1->Image1[3];
+    ToolButton* image = window->toolbar->buttons[3];
     ASSERT_TRUE(image->isEnabled());
     QTest::mouseClick(image, Qt::LeftButton);
 }

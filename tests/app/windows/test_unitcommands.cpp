@@ -42,7 +42,7 @@ protected:
         }
         picture = drawmap(nullptr, true);
         drawnets();
-        surface = windowof(*picture)->findChild<QWidget*>(QStringLiteral("Picture1"));
+        surface = windowof(*picture)->findChild<QWidget*>(QStringLiteral("surface"));
     }
     frmUnit& open()
     {
@@ -152,7 +152,7 @@ TEST_F(UnitCommands, ThreeStationsArePlacedFromAnEmptyNetwork)
     expectquestion("Enregistrer image1.bmp?", Answer::no);
     choose("mnuFileNewNet");
     picture = drawmap(nullptr, true);
-    surface = windowof(*picture)->findChild<QWidget*>(QStringLiteral("Picture1"));
+    surface = windowof(*picture)->findChild<QWidget*>(QStringLiteral("surface"));
     for (const QPoint at : {QPoint(50, 50), QPoint(150, 60), QPoint(90, 150)})
         clickmenu(at, "placehere");
     for (const int unit : {1, 2, 3})

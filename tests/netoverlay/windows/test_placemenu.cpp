@@ -23,7 +23,7 @@ protected:
         picture = drawmap(nullptr, true);
         window = windowof(*picture);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-        surface = window->findChild<QWidget*>(QStringLiteral("Picture1"));
+        surface = window->findChild<QWidget*>(QStringLiteral("surface"));
         selection = {};
     }
     void TearDown() override

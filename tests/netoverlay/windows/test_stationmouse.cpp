@@ -138,21 +138,21 @@ TEST_F(StationMouseTest, ADragCarriesTheStationByTheWayOfTheMouse)
 
 TEST_F(StationMouseTest, TheStatusLineTellsTheMoveAndHowToTakeItBack)
 {
-    std::string label2;
-    hooks.setlabel2 = [&label2](const std::string& text) { label2 = text; };
+    std::string shown;
+    hooks.setlabel2 = [&shown](const std::string& text) { shown = text; };
     const QPoint from = on(2);
     press(Qt::LeftButton, from);
     move(from + QPoint(30, -40), Qt::LeftButton);
     QApplication::processEvents();
-    EXPECT_TRUE(label2.starts_with("Poste  ")) << label2;
-    EXPECT_TRUE(label2.ends_with("(Échap : annuler)")) << label2;
+    EXPECT_TRUE(shown.starts_with("Poste  ")) << shown;
+    EXPECT_TRUE(shown.ends_with("(Échap : annuler)")) << shown;
     release(from + QPoint(30, -40));
-    EXPECT_TRUE(label2.ends_with("(Ctrl+Z : annuler le déplacement)")) << label2;
+    EXPECT_TRUE(shown.ends_with("(Ctrl+Z : annuler le déplacement)")) << shown;
     press(Qt::LeftButton, on(2));
     move(on(2) + QPoint(30, 0), Qt::LeftButton);
     QApplication::processEvents();
     QTest::keyClick(surface, Qt::Key_Escape);
-    EXPECT_EQ(label2.find("annuler"), std::string::npos) << label2;
+    EXPECT_EQ(shown.find("annuler"), std::string::npos) << shown;
     release(on(2) + QPoint(30, 0));
 }
 

@@ -1,3 +1,4 @@
+#include "gis/gis.h"
 #include "pictures/georeference.h"
 #include "pictures/paint/export.h"
 #include "pictures/paint/picturetest.h"
@@ -18,6 +19,9 @@ namespace
 class Export : public PictureTest
 {
 protected:
+    /// GeoTIFF and KMZ are written by a library that may be missing.
+    static bool haslibrary() { return gislibrary() != nullptr; }
+
     /// The map's own rendering, 60 x 40 pixels.
     OpenPicture& mappicture()
     {
@@ -100,6 +104,8 @@ TEST_F(Export, GeotiffOfAMapKeepsItsPixelsAndPositions)
 {
     if (!installed("gdalinfo") || !installed("gdal_translate"))
         GTEST_SKIP() << "gdal-bin is not installed";
+    if (!haslibrary())
+        GTEST_SKIP() << "built without GDAL";
     const OpenPicture& picture = mappicture();
     const QImage image = surfaceimage(picture.surface);
     const std::string file = path("a.tif");
@@ -132,6 +138,8 @@ TEST_F(Export, GeotiffOfATurnedPictureShowsEachPlaceWhereItIs)
 {
     if (!installed("gdallocationinfo"))
         GTEST_SKIP() << "gdal-bin is not installed";
+    if (!haslibrary())
+        GTEST_SKIP() << "built without GDAL";
     const std::string file = path("turned.tif");
     ASSERT_TRUE(writegeotiff(file, gradients(), turned()));
     for (const auto& [x, y] : {std::pair(2, 2), std::pair(47, 3), std::pair(45, 27),
@@ -188,6 +196,33 @@ TEST_F(Export, KmlOfATurnedPictureShowsEachPlaceWhereItIs)
             EXPECT_EQ(qAlpha(shown), 255);
         }
     EXPECT_EQ(qAlpha(png.pixel(0, 0)), 0);
+}
+
+TEST_F(Export, KmzHoldsTheOverlayAndItsImage)
+{
+    if (!haslibrary())
+        GTEST_SKIP() << "built without GDAL";
+    if (!installed("python3"))
+        GTEST_SKIP() << "python3 is not installed";
+    const std::string file = path("a & b.KMZ");
+    ASSERT_TRUE(writekml(file, gradients(), turned()));
+    printed("python3", {QStringLiteral("-m"), QStringLiteral("zipfile"), QStringLiteral("-e"),
+                        QString::fromStdString(file), QString::fromStdString(path("out"))});
+    const Overlay overlay = readkml(path("out/doc.kml"));
+    EXPECT_LT(overlay.box.at("west"), overlay.box.at("east"));
+    const QImage inside(QString::fromStdString(path("out/" + overlay.image)));
+    ASSERT_TRUE(writekml(path("same.kml"), gradients(), turned()));
+    EXPECT_EQ(inside, QImage(QString::fromStdString(path("same.png"))));
+    EXPECT_FALSE(inside.isNull());
+}
+
+TEST_F(Export, NamesAllFilesThatItWrites)
+{
+    EXPECT_EQ(exportedfiles("d/a.tif"), (std::vector<std::string>{"d/a.tif"}));
+    EXPECT_EQ(exportedfiles("d/a.KML"), (std::vector<std::string>{"d/a.KML", "d/a.png"}));
+    EXPECT_EQ(exportedfiles("d/a.kmz"), (std::vector<std::string>{"d/a.kmz"}));
+    EXPECT_EQ(exportkind("a.TIFF"), ExportKind::geotiff);
+    EXPECT_EQ(exportkind("a.png"), std::nullopt);
 }
 
 TEST_F(Export, NeedsAPositionAndAPlaceToWriteTo)

@@ -115,7 +115,7 @@ TEST_F(FrmMapPro, TakesDecimalCommas)
     type("size", "12,5");
     EXPECT_EQ(label("position"), "007°30'00\"E - 44°15'00\"N");
     EXPECT_FALSE(isred("lon"));
-    EXPECT_EQ(mapedit.record.mapsize, 12.5F);
+    EXPECT_EQ(mapedit.mapsize, 12.5F);
 }
 
 TEST_F(FrmMapPro, NamesAMapWithoutOne)

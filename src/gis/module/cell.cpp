@@ -1,4 +1,4 @@
-#include "gis/cell.h"
+#include "gis/module/cell.h"
 
 #include <algorithm>
 #include <cstdlib>
