@@ -42,7 +42,8 @@ bool queryending(frmMain& window)
         window.timer->start();
         return false;
     }
-    endrecovery();
+    if (!endingquietly()) // else nobody has decided what becomes of the network
+        endrecovery();
     window.hide();
     winddown(window.winddown_s);
     return true;

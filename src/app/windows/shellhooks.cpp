@@ -3,6 +3,7 @@
 #include "app/windows/askbox.h"
 #include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
+#include "app/windows/recovery.h"
 #include "app/windows/statusbar.h"
 #include "base/hooks.h"
 #include "netoverlay/paint/overlay.h"
@@ -57,6 +58,7 @@ void fillhooks()
         if (mainwindow)
             mainwindow->setbusy(busy);
     };
+    hooks.writerecovery = saverecovery;
     hooks.setprogress = [](int percent) {
         if (mainwindow)
             mainwindow->statusbar->setprogress(percent);

@@ -1,9 +1,11 @@
 #include "app/windows/ending.h"
 #include "app/windows/endsignals.h"
 #include "app/windows/frmMain.h"
+#include "app/windows/recovery.h"
 #include "app/windows/shelltest.h"
 #include "base/hooks.h"
 #include "base/operation.h"
+#include "base/paths.h"
 #include "base/session.h"
 #include "base/settings.h"
 #include "network/tables.h"
@@ -15,6 +17,7 @@
 #include <QTimer>
 
 #include <csignal>
+#include <filesystem>
 
 static const std::string endquestion = "Terminer l'exécution du logiciel Velmora?";
 
@@ -135,7 +138,10 @@ protected:
         addpicture("image1.bmp");
         markedited();
         mapdirty = true;
-        hooks.writerecovery = [this] { ++recoveries; };
+        hooks.writerecovery = [this, write = hooks.writerecovery] {
+            ++recoveries;
+            write();
+        };
         endonsignals();
     }
     void TearDown() override
@@ -145,11 +151,14 @@ protected:
             std::signal(signal, SIG_DFL);
         marksaved();
         mapdirty = false;
+        endrecovery();
     }
     void expectended()
     {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
         EXPECT_EQ(recoveries, 1);
+        const std::filesystem::directory_iterator copies(userfolder() + "recovery");
+        EXPECT_EQ(std::distance(begin(copies), end(copies)), 1) << "the next start offers it";
         EXPECT_EQ(getsetting("DrawFontName", "none"), "MS Sans Serif") << "settings are stored";
     }
 
