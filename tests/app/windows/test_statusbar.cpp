@@ -49,8 +49,10 @@ TEST_F(StatusBarTest, MakesRoomForALongPosition)
     hooks.setlabel1(position);
     EXPECT_GE(bar().place->width(),
               bar().fontMetrics().horizontalAdvance(QString::fromStdString(position)));
+    QTest::qWait(1); // the panels move once the event loop runs
     const int width = bar().text->width();
     hooks.setlabel1("50%");
+    QTest::qWait(1);
     EXPECT_GT(bar().text->width(), width + 100) << "a short text leaves its room";
     const int ready = bar().place->width();
     hooks.setlabel1("Prêt");
