@@ -12,7 +12,7 @@ run_packages=(
 )
 test_packages=(
     clang-format clang-tidy python3
-    xvfb xauth
+    xvfb xauth gdal-bin
 )
 
 packages=("${run_packages[@]}")

@@ -12,7 +12,7 @@ static const GisLibrary* load()
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     const std::filesystem::path beside = program.parent_path();
-    for (const auto& folder : {beside / "../lib", beside / "../lib/velmora", beside}) {
+    for (const auto& folder : {beside / VELMORA_LIBRARY_FOLDER, beside / "../lib", beside}) {
         void* const module = dlopen((folder / modulename).c_str(), RTLD_NOW | RTLD_LOCAL);
         void* const entry = module != nullptr ? dlsym(module, gisentry) : nullptr;
         if (entry != nullptr)

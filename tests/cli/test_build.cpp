@@ -163,7 +163,7 @@ TEST_F(Import, KeepsTheSamplesOfATileOfTheSameGrid)
     writehgt("N41E001.hgt", ground);
     const Outcome outcome = run({"import", "-o", "out", "N41E001.hgt"});
     EXPECT_EQ(outcome.out, "cell=DTED/E001/N41.DT1\n");
-    EXPECT_EQ(outcome.err, "velmora-cli: DTED/E001/N41.DT1: 6.9e-05 % of the cell is void\n");
+    EXPECT_EQ(outcome.err, "velmora-cli: DTED/E001/N41.DT1: 6.93e-05 % of the cell is void\n");
     for (const auto& [column, row] :
          {std::pair(0, 0), {1200, 1200}, {17, 1100}, {599, 700}, {600, 3}})
         EXPECT_EQ(sample("out/DTED/E001/N41.DT1", column, row), roughground(column, row));

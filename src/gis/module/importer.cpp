@@ -181,7 +181,7 @@ private:
         if (std::find(result.cells.begin(), result.cells.end(), name) == result.cells.end())
             result.cells.push_back(name);
         if (samples.voids() > 0)
-            order.say(name, fmt::format("{:.2g} % of the cell is void", samples.voids() * 100));
+            order.say(name, fmt::format("{:.3g} % of the cell is void", samples.voids() * 100));
     }
 
     void tellrefused() const
