@@ -15,11 +15,11 @@ static void savesources()
     writesetting("IGNMIS", ignoremissing);
 }
 
-bool buildmap(const MapOrder& order)
+bool buildmap(const MapOrder& order, BuildReport* report)
 {
     struct Pass {
         unsigned bit;
-        bool (*run)();
+        bool (*run)(BuildReport*);
     };
     constexpr Pass passes[] = {
         {source::terrain, getTERRAIN}, {source::gtopo30, getGTOPO30}, {source::dted, getDTED}};
@@ -33,7 +33,7 @@ bool buildmap(const MapOrder& order)
     allocatemap(mapgrid, order.width, order.height);
     savesources();
     for (const Pass& pass : passes)
-        if ((order.record.sources & pass.bit) != 0 && !pass.run())
+        if ((order.record.sources & pass.bit) != 0 && !pass.run(report))
             return false;
     if (mapname.size() > 3)
         hooks.drawmap(mapname.substr(0, mapname.size() - 3) + "bmp");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "terrain/extraction.h"
 #include "terrain/mapgrid.h"
 
 /// What a map is built from. The folders of the sources are `session.drvpath`.
@@ -14,4 +15,5 @@ struct MapOrder {
 /// in this order, each over what the earlier ones left, then the map's picture. Without a source
 /// nothing happens. A stop ends the build; what was read until then stays, and nothing is drawn.
 /// True when all passes came to their end.
-bool buildmap(const MapOrder& order);
+///   report   receives what tiles lacked; null: nobody wants to know
+bool buildmap(const MapOrder& order, BuildReport* report = nullptr);

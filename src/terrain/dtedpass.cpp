@@ -29,22 +29,41 @@ static DtedNames dtednames(const std::string& root, int lon, int lat)
             shortform + ".DT0"};
 }
 
-// Resamples the cell in one file. False where it is missing or cannot be read.
-static bool readdted(const std::string& path, const PassFrame& frame, int lon, int lat)
+// Resamples the cell in one file. False where it cannot be read.
+static bool readdted(const std::string& path, const PassFrame& frame, int lon, int lat,
+                     TileTally& tally)
 {
-    const auto found = findfile(path);
-    const auto file = found ? openbytes(*found) : std::nullopt;
+    const auto file = openbytes(path);
     const auto header = file ? dtedheader(*file) : std::nullopt;
     if (!header)
         return false;
     const TilePlace place{frame.column(lon), frame.row(lat), 1 / (frame.columns * header->spacingx),
                           1 / (frame.rows * header->spacingy)};
-    const TileStatus status =
-        getdted(passtable(), *file, *header, place, [](int column) { return opstep(column) != 0; });
+    const TileStatus status = getdted(passtable(tally), *file, *header, place,
+                                      [](int column) { return opstep(column) != 0; });
     return status != TileStatus::unreadable;
 }
 
-bool getDTED()
+// Reads the first of the names that is there and whole. `name` receives the path of the file that
+// was read, or of a damaged one.
+static TileRead readcell(const DtedNames& names, const PassFrame& frame, int lon, int lat,
+                         TileTally& tally, std::string& name)
+{
+    TileRead result = TileRead::missing;
+    for (const std::string& path : names) {
+        const auto found = findfile(path);
+        if (!found)
+            continue;
+        tally = {};
+        name = *found;
+        if (readdted(*found, frame, lon, lat, tally))
+            return TileRead::done;
+        result = TileRead::damaged;
+    }
+    return result;
+}
+
+bool getDTED(BuildReport* report)
 {
     const PassFrame frame = passframe();
     const CellRange cells = cellrange(frame);
@@ -54,12 +73,16 @@ bool getDTED()
         for (int lat = cells.south; lat <= cells.north; ++lat) {
             hooks.pumpevents();
             const DtedNames names = dtednames(root, lon, lat);
-            readtile("DTED", names.back(), [&] {
-                for (const std::string& name : names)
-                    if (readdted(name, frame, lon, lat))
-                        return true;
-                return false;
-            });
+            const std::string& last = names.back();
+            // The name without its level, and the levels.
+            const WantedTile tile{"DTED", last, last.substr(0, last.size() - 1) + "2, .DT1 or .DT0",
+                                  frame.share(lon, lat, 1, 1)};
+            readtile(
+                tile,
+                [&](TileTally& tally, std::string& name) {
+                    return readcell(names, frame, lon, lat, tally, name);
+                },
+                report);
             if (opbusy == 0)
                 return endpass();
             ++optiles;

@@ -173,13 +173,14 @@ private:
     std::map<Corner, std::optional<TopoTile>> tiles;
 };
 
-/// Resamples one tile. False where it is missing or cannot be read.
+/// Resamples one tile.
 ///   left   its west edge, not wrapped
-bool readtopo(TopoTiles& tiles, const PassFrame& frame, int left, const Corner& corner)
+TileRead readtopo(TopoTiles& tiles, const PassFrame& frame, int left, const Corner& corner,
+                  TileTally& tally)
 {
     const TopoTile* const tile = tiles.tile(corner, true);
     if (tile == nullptr)
-        return false;
+        return findfile(tiles.path(corner)) ? TileRead::damaged : TileRead::missing;
     const TopoHeader& header = tile->header;
     const TilePlace place{frame.column(tile->west + (left - corner.left)), frame.row(tile->north),
                           1 / (frame.columns * header.spacingx),
@@ -187,19 +188,25 @@ bool readtopo(TopoTiles& tiles, const PassFrame& frame, int left, const Corner& 
     const auto readrow = [&](int row, int first, std::span<std::int16_t> heights) {
         return tiles.readrow(*tile, row, first, heights);
     };
-    const TileStatus status =
-        gettopo30(passtable(), header, readrow, place, [](int row) { return opstep(row) != 0; });
-    return status != TileStatus::unreadable;
+    const TileStatus status = gettopo30(passtable(tally), header, readrow, place,
+                                        [](int row) { return opstep(row) != 0; });
+    return status == TileStatus::unreadable ? TileRead::damaged : TileRead::done;
 }
 
 /// One band of tiles, west to east.
-void readband(TopoTiles& tiles, const PassFrame& frame, int top)
+void readband(TopoTiles& tiles, const PassFrame& frame, int top, BuildReport* report)
 {
     for (int left = tileleft(frame.west, top); left < frame.east; left += tilewidth(top)) {
         hooks.pumpevents();
         const Corner corner{wrapdegrees(left), top};
-        readtile("GTOPO30", tiles.path(corner),
-                 [&] { return readtopo(tiles, frame, left, corner); });
+        const TopoExtent extent = tileextent(top);
+        readtile(
+            {"GTOPO30", tiles.path(corner), tiles.path(corner),
+             frame.share(left, top - extent.height, extent.width, extent.height)},
+            [&](TileTally& tally, std::string&) {
+                return readtopo(tiles, frame, left, corner, tally);
+            },
+            report);
         hooks.pumpevents();
         if (opbusy == 0)
             return;
@@ -207,7 +214,7 @@ void readband(TopoTiles& tiles, const PassFrame& frame, int top)
 }
 } // namespace
 
-bool getGTOPO30()
+bool getGTOPO30(BuildReport* report)
 {
     const PassFrame frame = passframe();
     beginop(gtopojob(mapgrid));
@@ -215,6 +222,6 @@ bool getGTOPO30()
     if (frame.usable())
         for (int top = tiletop(std::min(frame.north, 90.0));
              top > std::max(frame.south, -90.0) && opbusy != 0; top -= bandheight)
-            readband(tiles, frame, top);
+            readband(tiles, frame, top, report);
     return endpass();
 }

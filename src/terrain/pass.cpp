@@ -31,9 +31,16 @@ PassFrame passframe()
     return frame;
 }
 
-HeightTable passtable()
+double PassFrame::share(double left, double bottom, double width, double height) const
 {
-    return {mapgrid.samples, mapgrid.width, mapgrid.height};
+    const double across = std::min(east, left + width) - std::max(west, left);
+    const double up = std::min(north, bottom + height) - std::max(south, bottom);
+    return std::max(0.0, across / (east - west)) * std::max(0.0, up / (north - south));
+}
+
+HeightTable passtable(TileTally& tally)
+{
+    return {mapgrid.samples, mapgrid.width, mapgrid.height, &tally};
 }
 
 CellRange cellrange(const PassFrame& frame)
@@ -75,17 +82,44 @@ static Answer askmissing(const std::string& name, const std::string& path)
                           Question::Buttons::abortretryignore, Question::Icon::exclamation});
 }
 
-void readtile(const std::string& name, const std::string& path, const std::function<bool()>& read)
+static void note(BuildReport* report, const WantedTile& tile, const std::string& name,
+                 TileRead read, const TileTally& tally)
 {
-    while (opbusy != 0 && !read()) {
-        if (ignoremissing)
-            return;
-        const Answer answer = askmissing(name, path);
+    if (report == nullptr)
+        return;
+    report->filled += tally.pixels - tally.voids;
+    if (read == TileRead::missing)
+        report->lacks.push_back({TileLack::Kind::missing, name, tile.share});
+    else if (read == TileRead::damaged)
+        report->lacks.push_back({TileLack::Kind::damaged, name, tile.share});
+    else if (tally.voids > 0)
+        report->lacks.push_back(
+            {TileLack::Kind::voids, name,
+             static_cast<double>(tally.voids) / static_cast<double>(tally.pixels)});
+}
+
+void readtile(const WantedTile& tile, const TileAttempt& attempt, BuildReport* report)
+{
+    while (opbusy != 0) {
+        TileTally tally;
+        std::string name = tile.name;
+        const TileRead read = attempt(tally, name);
+        const bool asked = read != TileRead::done && !ignoremissing;
+        const Answer answer = asked ? askmissing(tile.source, tile.path) : Answer::ignore;
         if (answer == Answer::abort)
             opbusy = 0;
-        if (answer != Answer::retry)
-            return;
+        if (answer == Answer::retry)
+            continue;
+        note(report, tile, name, read, tally);
+        return;
     }
+}
+
+int BuildReport::lacking() const
+{
+    return static_cast<int>(std::count_if(lacks.begin(), lacks.end(), [](const TileLack& lack) {
+        return lack.kind != TileLack::Kind::voids;
+    }));
 }
 
 static void statisticspass()
@@ -94,9 +128,10 @@ static void statisticspass()
     MapStatistics statistics{9999, -999, mapgrid.record.hmoy};
     // The bar counts columns; the kernel goes row by row.
     const double columnsperrow = static_cast<double>(mapgrid.width) / std::max(1, mapgrid.height);
-    getmapstat(passtable(), statistics, [columnsperrow](int row) {
-        return opstep(static_cast<std::int32_t>(row * columnsperrow)) != 0;
-    });
+    getmapstat({mapgrid.samples, mapgrid.width, mapgrid.height}, statistics,
+               [columnsperrow](int row) {
+                   return opstep(static_cast<std::int32_t>(row * columnsperrow)) != 0;
+               });
     MapRecord& record = mapgrid.record;
     record.hmin = statistics.hmin;
     record.hmax = statistics.hmax;

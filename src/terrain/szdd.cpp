@@ -13,9 +13,9 @@ namespace
 // The library reads and writes through a table of procedures; these keep both ends in memory. The
 // "file names" that it hands back are not looked at: it opens one file to read and one to write.
 struct MemoryFile : mspack_file {
-    std::span<const std::byte> source; ///< of the file to read
-    std::string* target = nullptr;     ///< of the file to write
-    std::size_t limit = 0;             ///< most bytes of the target
+    std::span<const std::byte> source;  ///< of the file to read
+    std::string* target = nullptr;      ///< of the file to write
+    const std::size_t* limit = nullptr; ///< most bytes of the target
     std::size_t position = 0;
 };
 
@@ -38,7 +38,7 @@ mspack_file* openmemory(mspack_system* self, const char*, int mode)
         file->source = system->input;
     else
         file->target = &system->output;
-    file->limit = system->limit;
+    file->limit = &system->limit;
     return file.release();
 }
 
@@ -63,10 +63,12 @@ int readmemory(mspack_file* from, void* buffer, int bytes)
 int writememory(mspack_file* to, void* buffer, int bytes)
 {
     MemoryFile* const file = memoryfile(to);
-    if (file->target == nullptr || bytes < 0 ||
-        static_cast<std::size_t>(bytes) > file->limit - file->target->size())
+    if (file->target == nullptr || bytes < 0)
         return -1;
-    file->target->append(static_cast<const char*>(buffer), static_cast<std::size_t>(bytes));
+    // Bytes behind the stream come out as more content than there is: it goes nowhere.
+    const std::size_t room = *file->limit - file->target->size();
+    file->target->append(static_cast<const char*>(buffer),
+                         std::min(static_cast<std::size_t>(bytes), room));
     return bytes;
 }
 
@@ -132,10 +134,13 @@ std::optional<std::string> expandbytes(std::span<const std::byte> compressed, st
     if (header == nullptr)
         return {};
     const off_t length = header->length;
-    const int error = decompressor->extract(decompressor.get(), header, "");
+    const bool fits = length >= 0 && static_cast<std::size_t>(length) <= limit;
+    system.limit = fits ? static_cast<std::size_t>(length) : 0;
+    // How it ends is told by the length alone: what stands behind the stream may be anything.
+    if (fits)
+        decompressor->extract(decompressor.get(), header, "");
     decompressor->close(decompressor.get(), header);
-    if (error != MSPACK_ERR_OK || length < 0 ||
-        system.output.size() != static_cast<std::size_t>(length))
+    if (!fits || system.output.size() != system.limit)
         return {};
     return std::move(system.output);
 }

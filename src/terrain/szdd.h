@@ -9,7 +9,8 @@
 /// Expands the content of a compressed file: LZ compression, magic SZDD, as files have it whose
 /// extension ends in an underscore.
 ///   limit   most bytes that the content may have
-/// Empty for another form, and for a stream that does not give the length its header tells.
+/// Empty for another form, and for a stream that gives less than the length its header tells; what
+/// stands behind the stream does not count.
 std::optional<std::string> expandbytes(std::span<const std::byte> compressed, std::size_t limit);
 
 /// Expands a compressed file of the folder `srcdir`; `srcname` may have folders of its own. The

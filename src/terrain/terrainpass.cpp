@@ -28,19 +28,22 @@ static std::string terrainname(int lon, int lat)
                        lat >= 0 ? 'n' : 's', std::abs(lat));
 }
 
-// Expands a tile and copies it into the table. False where it is missing or not of a tile's size.
-static bool readterrain(const std::string& folder, const std::string& name, const TilePlace& place)
+// Expands a tile and copies it into the table.
+static TileRead readterrain(const std::string& folder, const std::string& name,
+                            const TilePlace& place, TileTally& tally)
 {
     std::array<std::int16_t, static_cast<std::size_t>(terrainside) * terrainside> tile{};
+    if (!findfile(folder + name))
+        return TileRead::missing;
     const auto content = expand(folder, name, sizeof tile);
     if (!content || content->size() != sizeof tile)
-        return false;
+        return TileRead::damaged;
     ByteReader(asbytes(*content)).readblock(tile.data(), sizeof tile);
-    getterrain(passtable(), tile, place);
-    return true;
+    getterrain(passtable(tally), tile, place);
+    return TileRead::done;
 }
 
-bool getTERRAIN()
+bool getTERRAIN(BuildReport* report)
 {
     constexpr double samplesperdegree = terrainside - 1;
     constexpr double margin = 0.01; // degrees beyond the frame that still call for a tile
@@ -55,7 +58,12 @@ bool getTERRAIN()
             const std::string name = terrainname(lon, lat);
             const TilePlace place{frame.column(lon), frame.row(lat), step / frame.columns,
                                   step / frame.rows};
-            readtile("TERRAIN", folder + name, [&] { return readterrain(folder, name, place); });
+            readtile(
+                {"TERRAIN", folder + name, folder + name, frame.share(lon, lat, 1, 1)},
+                [&](TileTally& tally, std::string&) {
+                    return readterrain(folder, name, place, tally);
+                },
+                report);
             if (opbusy == 0)
                 return endpass();
             ++optiles;

@@ -8,6 +8,7 @@
 #include "support/elevationfiles.h"
 #include "terrain/build.h"
 #include "terrain/extraction.h"
+#include "terrain/szdd.h"
 
 #include <cmath>
 #include <deque>
@@ -604,6 +605,51 @@ TEST_F(Extraction, ABuildLaysDtedOverGtopoOverTerrain)
     EXPECT_EQ(mapgrid.record.sources, 7);
     EXPECT_EQ(getsetting("DRV0", ""), root.string());
     EXPECT_EQ(getsetting("DRV2", ""), root.string());
+}
+
+TEST_F(Extraction, ABuildReportsWhatTilesLacked)
+{
+    write(root / "terrain/m002/e002n41.sd_", "no tile");
+    writedted("E001/N41.DT1",
+              {121, 121, 300, 300, [](int, int row) { return row < 60 ? -32767 : 3; }});
+    MapOrder ignoring = order(source::dted | source::gtopo30 | source::terrain);
+    ignoring.ignoremissing = true;
+    BuildReport report;
+    EXPECT_TRUE(buildmap(ignoring, &report));
+    ASSERT_EQ(report.lacks.size(), 3U);
+    EXPECT_EQ(report.lacks[0].kind, TileLack::Kind::damaged);
+    EXPECT_TRUE(report.lacks[0].name.ends_with("terrain/m002/e002n41.sd_"));
+    EXPECT_EQ(report.lacks[1].kind, TileLack::Kind::missing);
+    EXPECT_TRUE(report.lacks[1].name.ends_with("W020N90/W020N90.dem"));
+    EXPECT_NEAR(report.lacks[1].share, 1, 1e-9);
+    EXPECT_EQ(report.lacks[2].kind, TileLack::Kind::voids);
+    EXPECT_TRUE(report.lacks[2].name.ends_with("E001/N41.DT1"));
+    EXPECT_NEAR(report.lacks[2].share, 0.5, 0.05);
+    EXPECT_EQ(report.lacking(), 2);
+    EXPECT_NEAR(static_cast<double>(report.filled), 40 * 30 / 2.0, 80);
+}
+
+TEST_F(Extraction, ACoarserCellStandsInForADamagedOne)
+{
+    write(root / "DTED/E001/N41.DT2", "UHL1 and no more");
+    writedted("E001/N41.DT1", {121, 121, 300, 300, [](int, int) { return 7; }});
+    BuildReport report;
+    EXPECT_TRUE(buildmap(order(source::dted), &report));
+    EXPECT_THAT(report.lacks, IsEmpty());
+    EXPECT_EQ(mapgrid.at(5, 5), 7);
+}
+
+TEST_F(Extraction, ACompressedTileIsWholeWhateverStandsBehindItsStream)
+{
+    const std::string content(29282, 'x');
+    for (const std::string& more :
+         {std::string("\xFFtrailing"), std::string(3, '\0'), std::string(5000, 'y')}) {
+        const std::string bytes = szddbytes(content) + more;
+        EXPECT_EQ(expandbytes(std::as_bytes(std::span(bytes.data(), bytes.size())), 29282),
+                  content);
+    }
+    const std::string cut = szddbytes(content).substr(0, 20000);
+    EXPECT_FALSE(expandbytes(std::as_bytes(std::span(cut.data(), cut.size())), 29282));
 }
 
 TEST_F(Extraction, ABuildStartsFromAnEmptyTable)

@@ -186,8 +186,9 @@ TileStatus getdted(const HeightTable& table, const ByteSource& file, const DtedH
         const int x = columns.first + static_cast<int>(done);
         int y = rows.first;
         for (const AxisPoint& row : rows.points)
-            resamplerow(table.row(y++, x, points.size()), points, strip.row(row.below),
-                        strip.row(row.below + 1), row.share);
+            table.count(points.size(),
+                        resamplerow(table.row(y++, x, points.size()), points, strip.row(row.below),
+                                    strip.row(row.below + 1), row.share));
         for (std::size_t k = 0; k < points.size(); ++k)
             if (!step(static_cast<int>(++done)))
                 return TileStatus::stopped;

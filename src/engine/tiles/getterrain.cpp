@@ -20,7 +20,8 @@ void getterrain(const HeightTable& table, std::span<const std::int16_t> tile,
     int y = rows.first;
     for (const AxisPoint& row : rows.points) {
         const std::int16_t* const lower = &heights[static_cast<std::size_t>(row.below) * side];
-        resamplerow(table.row(y++, columns.first, columns.points.size()), columns.points, lower,
-                    lower + side, row.share);
+        const std::size_t count = columns.points.size();
+        table.count(count, resamplerow(table.row(y++, columns.first, count), columns.points, lower,
+                                       lower + side, row.share));
     }
 }

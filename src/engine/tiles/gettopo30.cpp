@@ -190,8 +190,9 @@ TileStatus gettopo30(const HeightTable& table, const TopoHeader& header, const T
         if (!pair.take(row.below))
             return TileStatus::unreadable;
         // The tile's rows go south: its row `below` is the northern one of the two.
-        resamplerow(table.row(y, columns.first, columns.points.size()), columns.points,
-                    pair.upper(), pair.lower(), row.share);
+        const std::size_t count = columns.points.size();
+        table.count(count, resamplerow(table.row(y, columns.first, count), columns.points,
+                                       pair.upper(), pair.lower(), row.share));
         if (!step(table.height - 1 - y))
             return TileStatus::stopped;
     }

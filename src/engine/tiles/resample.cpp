@@ -34,9 +34,10 @@ static std::int16_t nearestmetre(double height)
     return static_cast<std::int16_t>((height + nofraction) - nofraction);
 }
 
-void resamplerow(std::span<std::int16_t> out, std::span<const AxisPoint> columns,
-                 const std::int16_t* lower, const std::int16_t* upper, double share)
+std::size_t resamplerow(std::span<std::int16_t> out, std::span<const AxisPoint> columns,
+                        const std::int16_t* lower, const std::int16_t* upper, double share)
 {
+    std::size_t voids = 0;
     const std::int16_t* const nearrow = share < 0.5 ? lower : upper;
     for (std::size_t k = 0; k < columns.size(); ++k) {
         const AxisPoint& point = columns[k];
@@ -50,6 +51,9 @@ void resamplerow(std::span<std::int16_t> out, std::span<const AxisPoint> columns
             const std::int16_t height = nearrow[point.below + (point.share < 0.5 ? 0 : 1)];
             if (height != voidheight)
                 out[k] = height;
+            else
+                ++voids;
         }
     }
+    return voids;
 }

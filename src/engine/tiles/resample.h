@@ -31,6 +31,6 @@ AxisCut cutaxis(int count, double origin, double step, double low, double high);
 ///   out      the piece; its k-th sample belongs to columns[k]
 ///   lower, upper   heights of the tile's rows, or `voidheight`; each holds columns[k].below + 1
 ///   share    0 to 1: how far the table row lies from `lower` towards `upper`
-/// Heights are rounded to the nearest metre, ties to even.
-void resamplerow(std::span<std::int16_t> out, std::span<const AxisPoint> columns,
-                 const std::int16_t* lower, const std::int16_t* upper, double share);
+/// Heights are rounded to the nearest metre, ties to even. Returns the number of voids.
+std::size_t resamplerow(std::span<std::int16_t> out, std::span<const AxisPoint> columns,
+                        const std::int16_t* lower, const std::int16_t* upper, double share);

@@ -6,18 +6,32 @@
 #include <limits>
 #include <span>
 
+/// What tiles did to a table.
+struct TileTally {
+    std::int64_t pixels = 0; ///< of the table, that lie in the tile
+    std::int64_t voids = 0;  ///< of these, left as they were for want of a height
+};
+
 /// The map's table as the elevation kernels fill it: metres, width x height samples, x fastest and
 /// eastward, row 0 at the south edge.
 struct HeightTable {
     std::span<std::int16_t> samples;
     int width = 0;
     int height = 0;
+    TileTally* tally = nullptr; ///< counts, where somebody wants to know
 
     std::span<std::int16_t> row(int y, int first, std::size_t count) const
     {
         return samples.subspan(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                                    static_cast<std::size_t>(first),
                                count);
+    }
+    void count(std::size_t pixels, std::size_t voids) const
+    {
+        if (tally == nullptr)
+            return;
+        tally->pixels += static_cast<std::int64_t>(pixels);
+        tally->voids += static_cast<std::int64_t>(voids);
     }
 };
 

@@ -1,5 +1,6 @@
 #include "terrain/windows/frmMapPro.h"
 
+#include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/operation.h"
 #include "base/paths.h"
@@ -135,5 +136,8 @@ void frmMapPro::apply()
     if (order.record.sources == 0 || opbusy > 0)
         return;
     accept(); // the build shows its progress in the main window
-    buildmap(order);
+    BuildReport report;
+    if (buildmap(order, &report) && report.lacking() > 0)
+        hooks.setlabel2(std::to_string(report.lacking()) +
+                        (report.lacking() == 1 ? " cellule manquante" : " cellules manquantes"));
 }

@@ -249,6 +249,8 @@ TEST_F(FrmMapPro, AppliesABuildAndCloses)
         asked = question.text;
         return Answer::ignore;
     };
+    std::string status;
+    hooks.setlabel2 = [&status](const std::string& text) { status = text; };
     open();
     type("width", "20");
     type("height", "30");
@@ -260,6 +262,7 @@ TEST_F(FrmMapPro, AppliesABuildAndCloses)
     click("apply");
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(asked, "Fichier TERRAIN non trouvé.\n/no/such/terrain/m011/e011n45.sd_");
+    EXPECT_EQ(status, "1 cellule manquante");
     EXPECT_EQ(mapgrid.width, 20);
     EXPECT_EQ(mapgrid.height, 30);
     EXPECT_EQ(mapgrid.record.maplon0, 10.5F);
