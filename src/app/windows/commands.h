@@ -30,6 +30,10 @@ void openpicture();
 void savepicture();
 /// Asks for a name and writes the active picture for other map programs: GeoTIFF or KML.
 void exportpicture();
+/// The name of an export with the ending of its kind: another picture's ending is replaced, any
+/// other kept before it.
+///   extension   of the chosen kind; empty: as the name says, else a GeoTIFF
+std::string exportname(const std::string& path, const std::string& extension);
 /// Opens recent entry `index` (0 to 3), after `CleanNet`; nothing for one that is empty or open.
 void loadprevious(int index);
 void normalmode();

@@ -2,14 +2,12 @@
 #include "app/windows/cleannet.h"
 #include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
-#include "base/numbers.h"
 #include "base/operation.h"
 #include "base/paths.h"
 #include "base/session.h"
 #include "netoverlay/paint/overlay.h"
 #include "network/netfile.h"
 #include "network/tables.h"
-#include "pictures/paint/export.h"
 #include "radio/link.h"
 #include "relief/paint/drawmap.h"
 #include "relief/windows/frmPicPro.h"
@@ -158,26 +156,6 @@ bool savepictureas()
 void savepicture()
 {
     savepictureas();
-}
-
-void exportpicture()
-{
-    const OpenPicture* picture = mainwindow->activepicture();
-    if (!picture)
-        return;
-    const std::string path = askfilename({.title = "Exporter l'image",
-                                          .filter = "Image géoréférencée (GeoTIFF, KML)",
-                                          .patterns = "*.tif *.kml",
-                                          .saving = true,
-                                          .extension = "tif"});
-    if (path.empty())
-        return;
-    const QImage image = surfaceimage(picture->surface);
-    const bool written = lowercase(path).ends_with(".kml")
-                             ? writekml(path, image, picture->data)
-                             : writegeotiff(path, image, picture->data);
-    if (!written)
-        telluser(path + " impossible à enregistrer");
 }
 
 void loadprevious(int index)

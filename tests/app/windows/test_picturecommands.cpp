@@ -1,6 +1,9 @@
+#include "app/windows/askfile.h"
+#include "app/windows/commands.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
 #include "base/operation.h"
+#include "base/paths.h"
 #include "netoverlay/paint/movestation.h"
 #include "network/moveunit.h"
 #include "network/tables.h"
@@ -13,6 +16,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -144,11 +148,68 @@ TEST_F(PictureCommands, ExportsAMapAndAFourCornerPicture)
     EXPECT_FALSE(QImage(QString::fromStdString(path("penchée.png"))).isNull());
 }
 
+TEST_F(PictureCommands, AsksBeforeAnExportReplacesAnyOfItsFiles)
+{
+    answer("mnuFileNewPic", "Propriétés de la nouvelle image", "apply");
+    OpenPicture& picture = *openpictures[0];
+    picture.data.lon = {7, 8, 8, 7};
+    picture.data.lat = {45, 45, 44, 44};
+    ASSERT_TRUE(writefile(path("vue.png"), "photo"));
+    expectfilename("Exporter l'image", path("vue.kml"));
+    expectquestion("vue.png existe déjà. Le remplacer?", Answer::no);
+    choose("mnuFileExportPic");
+    EXPECT_EQ(readfile(path("vue.png")), "photo");
+    EXPECT_FALSE(findfile(path("vue.kml")));
+    expectfilename("Exporter l'image", path("vue.kml"));
+    expectquestion("vue.png existe déjà. Le remplacer?", Answer::yes);
+    choose("mnuFileExportPic");
+    EXPECT_NE(readfile(path("vue.png")), "photo");
+    EXPECT_EQ(label2(), "vue.kml et vue.png ont été enregistrés");
+    expectfilename("Exporter l'image", path("vue.kml"));
+    expectquestion("vue.kml et vue.png existent déjà. Les remplacer?", Answer::no);
+    choose("mnuFileExportPic");
+}
+
+TEST_F(PictureCommands, AnExportHasTheEndingOfItsKind)
+{
+    EXPECT_EQ(exportname("d/vue.png", "tif"), "d/vue.tif");
+    EXPECT_EQ(exportname("d/vue.tiff", "tif"), "d/vue.tiff");
+    EXPECT_EQ(exportname("d/vue.tif", "kmz"), "d/vue.kmz");
+    EXPECT_EQ(exportname("d/vue", "kml"), "d/vue.kml");
+    EXPECT_EQ(exportname("d/vue 2.5", "kml"), "d/vue 2.5.kml");
+    EXPECT_EQ(exportname("d/vue.KML", ""), "d/vue.KML");
+    EXPECT_EQ(exportname("d/vue.png", ""), "d/vue.tif");
+}
+
+TEST_F(PictureCommands, TheDialogOffersAnExportBesideThePictureInThreeKinds)
+{
+    answer("mnuFileNewPic", "Propriétés de la nouvelle image", "apply");
+    OpenPicture& picture = *openpictures[0];
+    picture.data.Filename = path("plan.bmp");
+    picture.data.lon = {7, 8, 8, 7};
+    picture.data.lat = {45, 45, 44, 44};
+    askfilename = filedialog;
+    QTimer::singleShot(0, [this] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        EXPECT_EQ(dialog->selectedFiles().constFirst().toStdString(), path("plan.tif"));
+        ASSERT_EQ(dialog->nameFilters().size(), 3);
+        dialog->selectNameFilter(dialog->nameFilters().at(1));
+        emit dialog->filterSelected(dialog->nameFilters().at(1));
+        dialog->selectFile(QString::fromStdString(path("plan.png")));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    choose("mnuFileExportPic");
+    EXPECT_TRUE(findfile(path("plan.kml"))) << "the kind is that of the filter";
+    EXPECT_EQ(label2(), "plan.kml et plan.png ont été enregistrés");
+}
+
 TEST_F(PictureCommands, TellsThatAPictureWithoutAPositionCannotBeExported)
 {
     addpicture("/images/vue.bmp");
     expectfilename("Exporter l'image", path("vue.tif"));
-    expectquestion(path("vue.tif") + " impossible à enregistrer", Answer::ok);
+    expectquestion(path("vue.tif") + " impossible à enregistrer\nL'image n'a pas de position.",
+                   Answer::ok);
     choose("mnuFileExportPic");
     EXPECT_FALSE(QFile::exists(QString::fromStdString(path("vue.tif"))));
 }
