@@ -1,6 +1,5 @@
 #include "terrain/build.h"
 
-#include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/session.h"
 #include "cli/command.h"
@@ -13,7 +12,9 @@
 
 #include <array>
 #include <filesystem>
+#include <fmt/format.h>
 #include <memory>
+#include <span>
 #include <system_error>
 
 namespace
@@ -30,6 +31,7 @@ struct BuildArguments {
     std::array<int, 2> pixels{};
     std::array<std::string, 3> roots; ///< in the order of `session.drvpath`; empty: not used
     bool ignoremissing = false;
+    bool json = false;
     CommonOptions common;
 };
 
@@ -68,31 +70,67 @@ void placeroots(const std::array<std::string, 3>& roots)
     }
 }
 
+std::string sentence(const TileLack& lack)
+{
+    const auto percent = fmt::format("{:.3g} %", lack.share * 100);
+    switch (lack.kind) {
+    case TileLack::Kind::missing:
+        return "missing (" + percent + " of the map)";
+    case TileLack::Kind::damaged:
+        return "damaged (" + percent + " of the map)";
+    case TileLack::Kind::voids:
+        break;
+    }
+    return percent + " of what the map takes of it is void";
+}
+
+/// Tells what the tiles lacked. Without leave, a map with a hole where a tile should be is no
+/// result, nor is one without any height.
+void judge(const BuildReport& report, const BuildArguments& arguments)
+{
+    const bool refused = report.lacking() > 0 && !arguments.ignoremissing;
+    if (refused && report.lacks.size() == 1)
+        throw Failure(report.lacks[0].name,
+                      sentence(report.lacks[0]) + "; --ignore-missing passes over it");
+    for (const TileLack& lack : report.lacks)
+        remark(lack.name, sentence(lack));
+    if (refused)
+        throw Failure(arguments.map, fmt::format("{} tiles missing or damaged; --ignore-missing "
+                                                 "passes over them",
+                                                 report.lacking()));
+    if (report.filled == 0 && !arguments.ignoremissing)
+        throw Failure(arguments.map, "no height anywhere on it; --ignore-missing writes it "
+                                     "nevertheless");
+}
+
+/// The map as its file, on standard output.
+void printmap()
+{
+    const auto samples = std::as_bytes(std::span(mapgrid.samples));
+    printresult(mapheader(mapgrid));
+    printresult({reinterpret_cast<const char*>(samples.data()), samples.size()});
+}
+
 void runbuild(const BuildArguments& arguments)
 {
-    if (filekind(arguments.map) != FileKind::mapfile)
+    const bool tostream = arguments.map == standardstream;
+    if (!tostream && filekind(arguments.map) != FileKind::mapfile)
         throw UsageError("-o: " + arguments.map + " must end in .map");
     const MapOrder order = maporder(arguments);
     prepare(arguments.common);
     placeroots(arguments.roots);
-
-    std::string missing; // the question about the tile that ended the build
-    hooks.askuser = [&missing](const Question& question) {
-        missing = question.text;
-        return Answer::abort;
-    };
-    if (!buildmap(order)) {
-        const std::size_t name = missing.find('\n') + 1;
-        throw Failure(missing.substr(name),
-                      "tile missing or damaged; --ignore-missing passes over it");
-    }
-    if (!savemap(arguments.map))
+    BuildReport report;
+    buildmap(order, &report); // the questions about tiles are answered by going on
+    judge(report, arguments);
+    if (tostream)
+        printmap();
+    else if (!savemap(arguments.map))
         throw Failure(arguments.map, "cannot be written");
     KeyValues output;
     output.add("hmin", mapgrid.record.hmin);
     output.add("hmax", mapgrid.record.hmax);
     output.add("hmoy", mapgrid.record.hmoy);
-    printresult(output.text());
+    printfigures(output.text(arguments.json), tostream);
 }
 } // namespace
 
@@ -121,8 +159,11 @@ std::function<void()> setupbuild(CLI::App& parser)
         ->type_name("DIR");
     parser.add_flag("--ignore-missing", arguments->ignoremissing,
                     "Pass over tiles that are not there");
+    addjson(parser, arguments->json);
     addoptions(parser, arguments->common);
     parser.footer("TERRAIN, GTOPO30 and DTED are laid one over the other in this order.\n"
-                  "Prints hmin=, hmax= and hmoy=, the lowest, highest and mean height in m.");
+                  "Tiles that are missing, damaged or partly void are named on standard error.\n"
+                  "Prints hmin=, hmax= and hmoy=, the lowest, highest and mean height in m; on\n"
+                  "standard error if the map itself goes to standard output (-o -).");
     return [arguments] { runbuild(*arguments); };
 }

@@ -7,7 +7,7 @@
 #include "cli/renderoptions.h"
 #include "coverage/choice.h"
 #include "coverage/paint/coveragepicture.h"
-#include "pictures/paint/export.h"
+#include "network/moveunit.h"
 #include "relief/colours.h"
 #include "relief/paint/drawmap.h"
 #include "relief/picturesettings.h"
@@ -23,8 +23,7 @@ struct SweepOptions {
     RenderOptions render;
     std::optional<float> step, range, nearest;
     std::vector<float> azimuths;
-    std::string geotiff;
-    std::string kml;
+    bool relief = false; ///< the map beneath in GeoTIFF and KML
 };
 
 void addoptions(CLI::App& parser, SweepOptions& options)
@@ -43,11 +42,11 @@ void addoptions(CLI::App& parser, SweepOptions& options)
         ->delimiter(',')
         ->check(CLI::Range(0.0, 360.0))
         ->type_name("MIN,MAX");
-    parser.add_option("--geotiff", options.geotiff, "Write a georeferenced TIFF too")
-        ->type_name("FILE");
-    parser.add_option("--kml", options.kml, "Write a KML ground overlay too, with its PNG")
-        ->type_name("FILE");
-    addoptions(parser, options.render);
+    parser.add_flag("--relief", options.relief,
+                    "Put the map beneath in GeoTIFF and KML, which else are transparent where\n"
+                    "nothing is painted");
+    addjson(parser, options.network.json);
+    addoptions(parser, options.render, false);
     addoptions(parser, options.network);
 }
 
@@ -72,6 +71,7 @@ void applyoptions(const SweepOptions& options, CoverageParams& params)
 /// Opens network and map, and draws the map. The legend, if wanted, is the coverage's.
 OpenPicture& openpicture(const std::string& file, const SweepOptions& options)
 {
+    checkfiles(options.render);
     prepare(options.network.common);
     startpainting();
     opennetwork(file, options.network);
@@ -83,17 +83,6 @@ OpenPicture& openpicture(const std::string& file, const SweepOptions& options)
     return picture;
 }
 
-void writeall(const OpenPicture& picture, const SweepOptions& options)
-{
-    const QImage image = surfaceimage(picture.surface);
-    std::string why;
-    if (!options.geotiff.empty() && !writegeotiff(options.geotiff, image, picture.data, &why))
-        throw Failure(options.geotiff, why);
-    if (!options.kml.empty() && !writekml(options.kml, image, picture.data, &why))
-        throw Failure(options.kml, why);
-    write(picture, options.render.picture);
-}
-
 void requireonmap(const OpenPicture& picture, int unit, const std::string& text)
 {
     SweepCentre centre;
@@ -101,11 +90,15 @@ void requireonmap(const OpenPicture& picture, int unit, const std::string& text)
         throw Failure("station " + text, "outside the map");
 }
 
-void printarea(double area_km2)
+/// Writes what is wanted of a coverage and prints its area.
+void finish(const OpenPicture& picture, const PaintedLayer& layer, const SweepOptions& options,
+            double area_km2)
 {
+    const QImage alone = options.relief ? QImage() : layer.image();
+    writefiles(picture, options.render, options.relief ? nullptr : &alone);
     KeyValues output;
     output.add("area_km2", area_km2);
-    printresult(output.text());
+    printfigures(output.text(options.network.json), takesoutput(options.render));
 }
 
 /// A colour written as RRGGBB, or by name, as 0x00BBGGRR.
@@ -127,6 +120,7 @@ std::int32_t colourof(const std::string& text)
 
 struct CoverageArguments {
     std::string file, centre, mobile, net;
+    std::vector<std::string> at; ///< longitude and latitude of the centre
     SweepOptions sweep;
     std::optional<float> low, high, antaz;
     std::optional<std::string> unit, pattern, surfacecolour, curvecolour;
@@ -182,15 +176,19 @@ void runcoverage(const CoverageArguments& arguments)
         throw Failure("net 0", "a coverage needs a net");
     if (centre == mobile)
         throw Failure("station " + arguments.centre, "centre and mobile are the same");
+    if (!arguments.at.empty())
+        placeunit(centre, longitude("--at LON", arguments.at[0]),
+                  latitude("--at LAT", arguments.at[1]));
     requireonmap(picture, centre, arguments.centre);
     applyoptions(arguments);
     selection.linkunit1 = static_cast<std::int16_t>(centre);
     selection.linkunit2 = static_cast<std::int16_t>(mobile);
     selection.linknet = static_cast<std::int16_t>(net);
+    PaintedLayer layer;
+    layer.begin(picture.surface.width(), picture.surface.height());
     const double area_km2 =
-        drawcoverage(picture, coverageorder(network.coverage, coveragechoice, selection));
-    writeall(picture, arguments.sweep);
-    printarea(area_km2);
+        drawcoverage(picture, coverageorder(network.coverage, coveragechoice, selection), &layer);
+    finish(picture, layer, arguments.sweep, area_km2);
 }
 
 struct ViewshedArguments {
@@ -221,9 +219,10 @@ void runviewshed(const ViewshedArguments& arguments)
         if (!order.radar)
             throw Failure(arguments.radar, "no radar file, or an incomplete one");
     }
-    const double area_km2 = drawviewshed(picture, order, unit, params.visualcolour);
-    writeall(picture, arguments.sweep);
-    printarea(area_km2);
+    PaintedLayer layer;
+    layer.begin(picture.surface.width(), picture.surface.height());
+    const double area_km2 = drawviewshed(picture, order, unit, params.visualcolour, &layer);
+    finish(picture, layer, arguments.sweep, area_km2);
 }
 
 void addlevels(CLI::App& parser, CoverageArguments& arguments)
@@ -253,6 +252,9 @@ std::function<void()> setupcoverage(CLI::App& parser)
         ->required();
     parser.add_option("MOBILE", arguments->mobile, "Mobile station")->required();
     parser.add_option("N", arguments->net, "Net, by number or name")->required();
+    parser.add_option("--at", arguments->at, "Put the central station here, on the ground")
+        ->expected(2)
+        ->type_name("LON LAT");
     addlevels(parser, *arguments);
     parser.add_option("--pattern", arguments->pattern, "Antenna pattern of the program's folder")
         ->type_name("FILE.ant");
@@ -269,8 +271,8 @@ std::function<void()> setupcoverage(CLI::App& parser)
         ->type_name("RRGGBB");
     addoptions(parser, arguments->sweep);
     parser.footer(
-        "Draws the map, paints the coverage over it, writes the picture with its sidecar\n"
-        "and prints area_km2. What has no option is taken from the network's stored\n"
+        "Draws the map, paints the coverage over it, writes the picture with its sidecar if\n"
+        "-o names one, and prints area_km2. What has no option is taken from the network's stored\n"
         "coverage settings and from the map.");
     return [arguments] { runcoverage(*arguments); };
 }
@@ -293,7 +295,8 @@ std::function<void()> setupviewshed(CLI::App& parser)
         ->type_name("C");
     addoptions(parser, arguments->sweep);
     parser.footer("Draws the map, paints what can be seen over it, writes the picture with its\n"
-                  "sidecar and prints area_km2. What has no option is taken from the network's\n"
+                  "sidecar if -o names one, and prints area_km2. What has no option is taken from "
+                  "the network's\n"
                   "stored coverage settings and from the map.");
     return [arguments] { runviewshed(*arguments); };
 }

@@ -1,8 +1,10 @@
+#include "base/paths.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/inputs.h"
 #include "cli/output.h"
 #include "cli/pictureinfo.h"
+#include "terrain/mapfile.h"
 #include "terrain/mapgrid.h"
 
 #include <algorithm>
@@ -16,6 +18,7 @@ namespace
 {
 struct InfoArguments {
     std::string file;
+    bool json = false;
     CommonOptions options;
 };
 
@@ -47,10 +50,8 @@ UseCounts countused(const NetworkTables& tables)
     return counts;
 }
 
-std::string networkinfo(const std::string& path)
+KeyValues networkinfo(const NetworkTables& tables, const NetFile& file)
 {
-    NetworkTables tables = defaulttables();
-    const NetFile file = readnetwork(path, tables);
     const UseCounts counts = countused(tables);
     KeyValues output;
     output.add("kind", "network");
@@ -62,12 +63,11 @@ std::string networkinfo(const std::string& path)
     output.add("pictures", static_cast<int>(file.pictures.size()));
     for (std::size_t i = 0; i < file.pictures.size(); ++i)
         output.add(fmt::format("picture{}", i + 1), file.pictures[i]);
-    return output.text();
+    return output;
 }
 
-std::string mapinfo(const std::string& path)
+KeyValues mapinfo()
 {
-    openmap(path);
     const MapRecord& record = mapgrid.record;
     KeyValues output;
     output.add("kind", "map");
@@ -81,23 +81,50 @@ std::string mapinfo(const std::string& path)
     const std::array<const char*, 4> names{"northwest", "northeast", "southeast", "southwest"};
     for (std::size_t i = 0; i < names.size(); ++i)
         output.add(names[i], cell(mapgrid.maplon[i]) + "," + cell(mapgrid.maplat[i]));
-    return output.text();
+    return output;
+}
+
+KeyValues fileinfo(const std::string& path)
+{
+    const FileKind kind = filekind(path);
+    if (kind == FileKind::netfile) {
+        NetworkTables tables = defaulttables();
+        const NetFile file = readnetwork(path, tables);
+        return networkinfo(tables, file);
+    }
+    if (kind == FileKind::mapfile) {
+        openmap(path);
+        return mapinfo();
+    }
+    return pictureinfo(path);
+}
+
+/// A stream has no name that tells its kind: its bytes do. What has a signature comes first.
+KeyValues streaminfo(const std::string& content)
+{
+    const auto bytes = asbytes(content);
+    NetworkTables tables = defaulttables();
+    NetFile file;
+    const bool isnet = parsenet(bytes, tables, file) == NetStatus::ok;
+    if (isnet && !file.older)
+        return networkinfo(tables, file);
+    if (isoldermap(bytes) && ispicture(content))
+        return streampictureinfo(content);
+    if (isnet)
+        return networkinfo(tables, file);
+    if (parsemap(bytes, mapgrid) == MapStatus::ok)
+        return mapinfo();
+    throw Failure("standard input", "neither a network, a map nor a picture");
 }
 
 void runinfo(const InfoArguments& arguments)
 {
+    constexpr std::size_t mostbytes = std::size_t{1} << 32;
     prepare(arguments.options);
-    switch (filekind(arguments.file)) {
-    case FileKind::netfile:
-        printresult(networkinfo(arguments.file));
-        break;
-    case FileKind::mapfile:
-        printresult(mapinfo(arguments.file));
-        break;
-    case FileKind::other:
-        printresult(pictureinfo(arguments.file));
-        break;
-    }
+    const KeyValues output = arguments.file == standardstream
+                                 ? streaminfo(readstandardinput(mostbytes))
+                                 : fileinfo(arguments.file);
+    printresult(output.text(arguments.json));
 }
 } // namespace
 
@@ -105,6 +132,7 @@ std::function<void()> setupinfo(CLI::App& parser)
 {
     auto arguments = std::make_shared<InfoArguments>();
     parser.add_option("FILE", arguments->file, "A .net or .map file, or a picture")->required();
+    addjson(parser, arguments->json);
     addoptions(parser, arguments->options);
     parser.footer("Prints key=value lines. Counted are the stations with a position, the systems\n"
                   "that a net gives a member, and the nets with members. Positions are\n"

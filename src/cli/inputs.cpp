@@ -1,21 +1,27 @@
 #include "cli/inputs.h"
 
+#include "base/hooks.h"
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/session.h"
 #include "cli/failure.h"
+#include "cli/output.h"
 #include "terrain/mapfile.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <fmt/format.h>
 #include <optional>
 #include <system_error>
 
 namespace
 {
-/// Longitudes beyond so many degrees are slips of the pen.
+/// Beyond so many degrees there is nothing at all.
 constexpr double mostdegrees = 3600;
+/// Four times as much as the largest map that a command builds.
+constexpr std::size_t mostmapbytes = std::size_t{1} << 32;
 
 const char* reason(MapStatus status)
 {
@@ -82,8 +88,34 @@ FileKind filekind(const std::string& path)
     return FileKind::other;
 }
 
+std::string readstandardinput(std::size_t limit)
+{
+    std::string content;
+    std::array<char, 65536> part{};
+    for (std::size_t got = 0; (got = std::fread(part.data(), 1, part.size(), stdin)) > 0;) {
+        content.append(part.data(), got);
+        if (content.size() > limit)
+            throw Failure("standard input", "holds too much");
+    }
+    return content;
+}
+
+/// The map that standard input holds.
+static void readmapstream(std::string_view content)
+{
+    const MapStatus status = parsemap(asbytes(content), mapgrid);
+    if (status != MapStatus::ok)
+        throw Failure("standard input", reason(status));
+    mapname = "stdin.map";
+    hooks.mapchanged();
+}
+
 void openmap(const std::string& path)
 {
+    if (path == standardstream) {
+        readmapstream(readstandardinput(mostmapbytes));
+        return;
+    }
     if (filekind(path) != FileKind::mapfile)
         throw Failure(path, "not a .map file");
     mapname.clear();
@@ -95,8 +127,20 @@ void openmap(const std::string& path)
     throw Failure(mapname.empty() ? path : mapname, reason(lastmapstatus()));
 }
 
+static NetFile parsenetwork(const std::string& name, std::string_view content,
+                            NetworkTables& tables)
+{
+    NetFile file;
+    const NetStatus status = parsenet(asbytes(content), tables, file);
+    if (status != NetStatus::ok)
+        throw Failure(name, reason(status));
+    return file;
+}
+
 NetFile readnetwork(const std::string& path, NetworkTables& tables)
 {
+    if (path == standardstream)
+        return parsenetwork("standard input", readstandardinput(mostnetbytes), tables);
     if (filekind(path) != FileKind::netfile)
         throw Failure(path, "not a .net file");
     const std::optional<std::string> found = findfile(unquoted(path));
@@ -107,16 +151,15 @@ NetFile readnetwork(const std::string& path, NetworkTables& tables)
     const std::optional<std::string> content = readfile(*found);
     if (!content)
         throw Failure(path, "cannot be read");
-    NetFile file;
-    const NetStatus status = parsenet(asbytes(*content), tables, file);
-    if (status != NetStatus::ok)
-        throw Failure(path, reason(status));
+    NetFile file = parsenetwork(path, *content, tables);
     session.netfile = *found;
     return file;
 }
 
 void opennetwork(const std::string& path, const NetworkOptions& options)
 {
+    if (path == standardstream && options.map == standardstream)
+        throw UsageError("only one of NET and --map can be standard input");
     const NetFile file = readnetwork(path, network);
     if (options.map.empty())
         openownmap(path, file.mapname);

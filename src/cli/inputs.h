@@ -9,6 +9,11 @@
 enum class FileKind { netfile, mapfile, other };
 FileKind filekind(const std::string& path);
 
+// "-" is standard input wherever a file is read here.
+
+/// All of standard input; a Failure beyond a limit of bytes.
+std::string readstandardinput(std::size_t limit);
+
 /// Reads a .map file into the process's map, or throws Failure.
 void openmap(const std::string& path);
 

@@ -64,7 +64,7 @@ void addnomodel(KeyValues& output)
 {
     for (const char* key : {"gain12", "gain21", "loss", "lfree", "lobst", "lurban", "dl1", "dl2",
                             "the1", "the2", "gme", "los", "scatter", "margin"})
-        output.add(key, "");
+        output.addnone(key);
 }
 
 void runlink(const LinkArguments& arguments)
@@ -89,7 +89,7 @@ void runlink(const LinkArguments& arguments)
     output.add("minclearkm", analysis.minclearkm);
     for (std::size_t i = 0; i < analysis.linktext.size(); ++i)
         output.add(fmt::format("linktext{}", i + 1), analysis.linktext[i]);
-    printresult(output.text());
+    printresult(output.text(arguments.options.json));
 }
 
 /// The bare profile with the losses on it, without the bulge that the analysis adds.
@@ -126,9 +126,10 @@ void runexport(const ExportArguments& arguments)
     const LinkSlots slots = openlink(arguments);
     const AnalysisOptions options{.interference = arguments.options.mode()};
     std::string why;
-    if (!exportprofile(arguments.output, network, mapgrid, slots.a, slots.b, slots.net, options,
-                       &why))
+    const auto bytes = profilefile(network, mapgrid, slots.a, slots.b, slots.net, options, &why);
+    if (!bytes)
         throw Failure(arguments.output, why);
+    writestream(arguments.output, *bytes);
 }
 
 /// Adds the arguments that name a link to a command's own.
@@ -148,6 +149,7 @@ std::shared_ptr<Arguments> linkarguments(CLI::App& parser)
 std::function<void()> setuplink(CLI::App& parser)
 {
     const auto arguments = linkarguments(parser);
+    addjson(parser, arguments->options.json);
     parser.footer("Prints key=value lines; without a net, those of the model have no value.");
     return [arguments] { runlink(*arguments); };
 }

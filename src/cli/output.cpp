@@ -1,6 +1,7 @@
 #include "cli/output.h"
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "cli/failure.h"
 
 #include <cerrno>
@@ -33,6 +34,23 @@ std::string cell(double value)
 void remark(std::string_view what, std::string_view sentence)
 {
     fmt::print(stderr, "velmora-cli: {}: {}\n", what, sentence);
+}
+
+void printfigures(std::string_view text, bool streamtaken)
+{
+    if (streamtaken)
+        fmt::print(stderr, "{}", text);
+    else
+        printresult(text);
+}
+
+void writestream(const std::string& path, std::string_view bytes)
+{
+    std::string why;
+    if (path == standardstream)
+        printresult(bytes);
+    else if (!writefile(targetpath(path), bytes, &why))
+        throw Failure(path, why);
 }
 
 /// A text with the characters escaped that a line does not take.

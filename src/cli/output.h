@@ -4,8 +4,18 @@
 #include <string_view>
 #include <vector>
 
+/// Stands for standard input or output in the place of a file's name.
+inline constexpr const char* standardstream = "-";
+
 /// Writes a result to standard output. Throws Failure when it cannot take all of it.
 void printresult(std::string_view text);
+
+/// Figures about a file that is written: to standard output, or to standard error where the file
+/// itself goes to standard output.
+void printfigures(std::string_view text, bool streamtaken);
+
+/// Writes a file of one stream, or throws Failure; "-" is standard output.
+void writestream(const std::string& path, std::string_view bytes);
 
 /// A sentence for the user on standard error, in the form of the failures; the work goes on.
 void remark(std::string_view what, std::string_view sentence);

@@ -7,9 +7,12 @@
 #include "coordinates/positiontexts.h"
 #include "terrain/mapgrid.h"
 
+#include <algorithm>
+#include <array>
 #include <cctype>
 #include <fmt/format.h>
 #include <memory>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -18,13 +21,14 @@ namespace
 struct WhereArguments {
     std::string lon;
     std::string lat;
+    bool json = false;
     CommonOptions options;
 };
 
 void runwhere(const WhereArguments& arguments)
 {
-    const float lon = coordinate("LON", arguments.lon);
-    const float lat = coordinate("LAT", arguments.lat);
+    const float lon = longitude("LON", arguments.lon);
+    const float lat = latitude("LAT", arguments.lat);
     prepare(arguments.options);
     // The text forms normalise what they are given: each gets the position anew.
     float shownlon = lon;
@@ -35,13 +39,44 @@ void runwhere(const WhereArguments& arguments)
     output.add("locator", locator(lon, lat));
     output.add("mgrs", ll2mgrs(double{lon}, double{lat}));
     output.add("utm", fmt::format("{} {} {}", utm.zone, utm.easting, utm.northing));
-    printresult(output.text());
+    printresult(output.text(arguments.json));
 }
 
 struct ParseArguments {
     std::string text;
+    bool json = false;
     CommonOptions options;
 };
+
+/// Two letters A to R, two digits, two letters A to X; the last, or the last two of these may be
+/// missing.
+bool islocator(const std::string& text)
+{
+    constexpr std::array<std::pair<char, char>, 6> ranges{
+        {{'a', 'r'}, {'a', 'r'}, {'0', '9'}, {'0', '9'}, {'a', 'x'}, {'a', 'x'}}};
+    const std::string small = lowercase(text);
+    if (small.empty() || small.size() > ranges.size() || small.size() % 2 != 0)
+        return false;
+    for (std::size_t i = 0; i < small.size(); ++i)
+        if (small[i] < ranges.at(i).first || small[i] > ranges.at(i).second)
+            return false;
+    return true;
+}
+
+/// Zone, band, square, and an even number of digits; blanks may stand between.
+bool isreference(const std::string& text)
+{
+    static const std::regex shape("[0-9]{1,2} *[a-z] *[a-z]{2} *([0-9 ]*)");
+    std::smatch parts;
+    const std::string small = lowercase(text);
+    if (!std::regex_match(small, parts, shape))
+        return false;
+    const std::string digits = parts[1];
+    return (digits.size() -
+            static_cast<std::size_t>(std::count(digits.begin(), digits.end(), ' '))) %
+               2 ==
+           0;
+}
 
 void runparse(const ParseArguments& arguments)
 {
@@ -50,15 +85,17 @@ void runparse(const ParseArguments& arguments)
     float lon = 0;
     float lat = 0;
     if (!text.empty() && std::isdigit(static_cast<unsigned char>(text.front())) != 0) {
-        if (!mgrs2ll(text, lon, lat))
+        if (!isreference(text) || !mgrs2ll(text, lon, lat))
             throw Failure(text, "not an MGRS reference");
     } else {
+        if (!islocator(text))
+            throw Failure(text, "neither a locator nor an MGRS reference");
         locator2ll(text, lon, lat);
     }
     KeyValues output;
     output.add("lon", lon);
     output.add("lat", lat);
-    printresult(output.text());
+    printresult(output.text(arguments.json));
 }
 
 struct ElevationArguments {
@@ -72,7 +109,8 @@ void runelevation(const ElevationArguments& arguments)
 {
     std::vector<float> degrees;
     for (std::size_t i = 0; i < arguments.positions.size(); ++i)
-        degrees.push_back(coordinate(i % 2 == 0 ? "LON" : "LAT", arguments.positions[i]));
+        degrees.push_back(i % 2 == 0 ? longitude("LON", arguments.positions[i])
+                                     : latitude("LAT", arguments.positions[i]));
     if (degrees.size() % 2 != 0)
         throw UsageError("positions are pairs of LON and LAT");
     prepare(arguments.options);
@@ -95,6 +133,7 @@ std::function<void()> setupwhere(CLI::App& parser)
     auto arguments = std::make_shared<WhereArguments>();
     parser.add_option("LON", arguments->lon, "Longitude in degrees, east positive")->required();
     parser.add_option("LAT", arguments->lat, "Latitude in degrees, north positive")->required();
+    addjson(parser, arguments->json);
     addoptions(parser, arguments->options);
     parser.footer("Prints dms=, locator=, mgrs= and utm= (zone, easting, signed northing in m).");
     return [arguments] { runwhere(*arguments); };
@@ -107,6 +146,7 @@ std::function<void()> setupparse(CLI::App& parser)
         .add_option("TEXT", arguments->text,
                     "An MGRS reference (it begins with a digit) or a locator")
         ->required();
+    addjson(parser, arguments->json);
     addoptions(parser, arguments->options);
     parser.footer("Prints lon= and lat= in degrees.");
     return [arguments] { runparse(*arguments); };

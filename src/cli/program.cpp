@@ -42,6 +42,16 @@ void addcommands(CLI::App& program, std::function<void()>& work)
     }
 }
 
+/// The command's name comes first; one that there is not is named.
+void checkcommand(int argc, const char* const* argv)
+{
+    const std::string_view name = argc > 1 ? argv[1] : "-";
+    const auto known = commands();
+    if (!name.starts_with('-') && std::none_of(known.begin(), known.end(),
+                                               [name](const Command& c) { return c.name == name; }))
+        throw UsageError("no such command: " + std::string(name));
+}
+
 /// One line of standard error, whatever line ends the text has.
 ExitStatus complain(ExitStatus status, std::string text)
 {
@@ -62,6 +72,7 @@ int runprogram(int argc, const char* const* argv)
         program.set_version_flag("--version", "velmora-cli " + appversion());
         program.require_subcommand(1);
         std::function<void()> work;
+        checkcommand(argc, argv);
         addcommands(program, work);
         try {
             program.parse(arguments(argc, argv));

@@ -19,11 +19,12 @@ struct RenderArguments {
 
 void runrender(const RenderArguments& arguments)
 {
+    checkfiles(arguments.render);
     prepare(arguments.common);
     startpainting();
     openmap(arguments.file);
     applyoptions(arguments.render);
-    write(*drawmap(nullptr, true), arguments.render.picture);
+    writefiles(*drawmap(nullptr, true), arguments.render);
 }
 
 struct DrawArguments {
@@ -34,6 +35,7 @@ struct DrawArguments {
 
 void rundraw(const DrawArguments& arguments)
 {
+    checkfiles(arguments.render);
     prepare(arguments.options.common);
     startpainting();
     opennetwork(arguments.file, arguments.options);
@@ -41,7 +43,7 @@ void rundraw(const DrawArguments& arguments)
     interf = arguments.options.mode();
     const OpenPicture& picture = *drawmap(nullptr, true);
     drawnets();
-    write(picture, arguments.render.picture);
+    writefiles(picture, arguments.render);
 }
 } // namespace
 

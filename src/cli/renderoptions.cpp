@@ -2,7 +2,10 @@
 
 #include "base/hooks.h"
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "cli/failure.h"
+#include "cli/output.h"
+#include "pictures/paint/export.h"
 #include "pictures/paint/picturefile.h"
 #include "relief/colours.h"
 #include "terrain/mapgrid.h"
@@ -11,15 +14,24 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <set>
+#include <system_error>
 
-void addoptions(CLI::App& parser, RenderOptions& options)
+void addoptions(CLI::App& parser, RenderOptions& options, bool pictureneeded)
 {
     parser.add_option("-o,--output", options.picture, "Picture to write")
-        ->required()
+        ->required(pictureneeded)
         ->type_name("PIC.bmp")
         ->check([](const std::string& name) {
             return lowercase(name).ends_with(".bmp") ? std::string() : "must end in .bmp";
         });
+    parser.add_option("--geotiff", options.geotiff, "Write a georeferenced TIFF too")
+        ->type_name("FILE");
+    parser
+        .add_option("--kml", options.kml,
+                    "Write a KML ground overlay with its PNG, or a KMZ by the name's ending")
+        ->type_name("FILE");
     parser
         .add_option("--mode", options.mode,
                     "0 grey relief, 1 bands of fixed heights, 2 bands from floor to ceiling,\n"
@@ -85,9 +97,69 @@ void startpainting()
     hooks.openpicture = [](const std::string&, int) {}; // the network's own pictures stay closed
 }
 
-void write(const OpenPicture& picture, const std::string& path)
+/// All files that the options make.
+static std::vector<std::string> filesof(const RenderOptions& options)
+{
+    std::vector<std::string> files;
+    if (!options.picture.empty())
+        files = {options.picture, options.picture.substr(0, options.picture.size() - 3) + "dat"};
+    if (!options.geotiff.empty())
+        files.push_back(options.geotiff);
+    if (!options.kml.empty())
+        for (const std::string& file : exportedfiles(options.kml))
+            files.push_back(file);
+    return files;
+}
+
+/// The same for all names of one file.
+static std::string identity(const std::string& file)
+{
+    std::error_code error;
+    const auto whole = std::filesystem::weakly_canonical(
+        std::filesystem::absolute(targetpath(file), error), error);
+    return lowercase(error ? file : whole.string());
+}
+
+void checkfiles(const RenderOptions& options)
+{
+    std::set<std::string> seen;
+    for (const std::string& file : filesof(options))
+        if (!seen.insert(identity(file)).second)
+            throw UsageError(file + " would be written twice");
+}
+
+bool takesoutput(const RenderOptions& options)
+{
+    return options.geotiff == standardstream || options.kml == standardstream;
+}
+
+static void writekmlfile(const std::string& path, const QImage& image, const Picture& picture)
 {
     std::string why;
-    if (!writepicture(path, surfaceimage(picture.surface), picture.data, &why))
-        throw Failure(path, why);
+    if (path != standardstream) {
+        if (!writekml(path, image, picture, &why))
+            throw Failure(path, why);
+        return;
+    }
+    const auto bytes = kmzof("velmora", image, picture, why); // a stream holds no two files
+    if (!bytes)
+        throw Failure("standard output", why);
+    writestream(path, *bytes);
+}
+
+void writefiles(const OpenPicture& picture, const RenderOptions& options, const QImage* alone)
+{
+    const QImage whole = surfaceimage(picture.surface);
+    const QImage& shown = alone != nullptr ? *alone : whole;
+    std::string why;
+    if (!options.geotiff.empty()) {
+        const auto bytes = geotiffof(shown, picture.data, why);
+        if (!bytes)
+            throw Failure(options.geotiff, why);
+        writestream(options.geotiff, *bytes);
+    }
+    if (!options.kml.empty())
+        writekmlfile(options.kml, shown, picture.data);
+    if (!options.picture.empty() && !writepicture(options.picture, whole, picture.data, &why))
+        throw Failure(options.picture, why);
 }

@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
-/// Drawing values that replace the map's own.
+/// The files of a picture, and drawing values that replace the map's own.
 struct RenderOptions {
-    std::string picture;
+    std::string picture; ///< may be empty where a command has figures too
+    std::string geotiff, kml;
     std::optional<std::int16_t> mode;
     std::optional<float> contrast, brightness, floor, ceiling, light;
     std::optional<std::vector<int>> contours;
@@ -18,7 +19,11 @@ struct RenderOptions {
     bool legend = false;
 };
 
-void addoptions(CLI::App& parser, RenderOptions& options);
+///   pictureneeded   false: -o may be left out
+void addoptions(CLI::App& parser, RenderOptions& options, bool pictureneeded = true);
+
+/// A UsageError where two of the files that the options name, or that go with them, are one.
+void checkfiles(const RenderOptions& options);
 
 /// Puts the options' values into the process's map and colour table.
 void applyoptions(const RenderOptions& options);
@@ -27,5 +32,10 @@ void applyoptions(const RenderOptions& options);
 /// network's own pictures stay closed.
 void startpainting();
 
-/// Writes a picture with its sidecar, or throws Failure.
-void write(const OpenPicture& picture, const std::string& path);
+/// Writes the files that the options name, or throws Failure.
+///   alone   what goes into GeoTIFF and KML instead of the whole picture; null: the picture
+void writefiles(const OpenPicture& picture, const RenderOptions& options,
+                const QImage* alone = nullptr);
+
+/// True when one of the files is standard output.
+bool takesoutput(const RenderOptions& options);

@@ -1,9 +1,9 @@
-#include "base/paths.h"
 #include "base/textcodec.h"
 #include "cli/command.h"
 #include "cli/failure.h"
 #include "cli/inputs.h"
 #include "cli/options.h"
+#include "cli/output.h"
 #include "coverage/haat.h"
 #include "radio/evaluate.h"
 #include "radio/link.h"
@@ -13,11 +13,15 @@
 
 namespace
 {
-void writetext(const std::string& path, const std::string& text)
+/// A report in the form of its file, Windows-1252 with CR LF; without a file for the terminal.
+void writetext(const std::string& path, std::string text)
 {
-    std::string why;
-    if (!writefile(targetpath(path), toansi(text), &why))
-        throw Failure(path, why);
+    if (!path.empty()) {
+        writestream(path, toansi(text));
+        return;
+    }
+    std::erase(text, '\r');
+    printresult(text);
 }
 
 struct ReportArguments {
@@ -74,11 +78,13 @@ std::function<void()> setupreport(CLI::App& parser)
                     "0 direct links in dB, 1 with retransmissions, 2 direct links in S-units")
         ->check(CLI::Range(0, 2))
         ->type_name("S");
-    parser.add_option("-o,--output", arguments->output, "Text file to write")
-        ->required()
+    parser
+        .add_option("-o,--output", arguments->output,
+                    "Text file to write; without it, to standard output")
         ->type_name("FILE");
     addoptions(parser, arguments->options);
-    parser.footer("Evaluates all nets and writes the report in Windows-1252 with CR LF.");
+    parser.footer("Evaluates all nets and writes the report in Windows-1252 with CR LF;\n"
+                  "without -o it is printed in UTF-8.");
     return [arguments] { runreport(*arguments); };
 }
 
@@ -88,10 +94,13 @@ std::function<void()> setuphaat(CLI::App& parser)
     parser.add_option("NET", arguments->file, "Network file")->required();
     parser.add_option("UNIT", arguments->unit, "Station, by number or name")->required();
     parser.add_option("N", arguments->net, "Net, by number or name")->required();
-    parser.add_option("-o,--output", arguments->output, "Text file to write")
-        ->required()
+    parser
+        .add_option("-o,--output", arguments->output,
+                    "Text file to write; without it, to standard output")
         ->type_name("FILE");
     addoptions(parser, arguments->options);
-    parser.footer("Writes the height above average terrain in Windows-1252 with CR LF.");
+    parser.footer(
+        "Writes the height above average terrain in Windows-1252 with CR LF; without -o it\n"
+        "is printed in UTF-8.");
     return [arguments] { runhaat(*arguments); };
 }

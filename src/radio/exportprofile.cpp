@@ -56,8 +56,9 @@ std::string profiletext(const LinkStudy& study, const Profile& profile)
     return text;
 }
 
-bool exportprofile(const std::string& filename, const NetworkTables& tables, const MapGrid& map,
-                   int a, int b, int net, const AnalysisOptions& options, std::string* why)
+std::optional<std::string> profilefile(const NetworkTables& tables, const MapGrid& map, int a,
+                                       int b, int net, const AnalysisOptions& options,
+                                       std::string* why)
 {
     const Unit& left = tables.unit(a);
     const Unit& right = tables.unit(b);
@@ -68,8 +69,15 @@ bool exportprofile(const std::string& filename, const NetworkTables& tables, con
     if (cutprofile(map, left, right, bare) <= fewintervals) {
         if (why)
             *why = "the stations are too near to each other, or one lies outside the map";
-        return false;
+        return {};
     }
     setends(left, right, bare);
-    return writefile(targetpath(filename), toansi(profiletext(study, bare)), why);
+    return toansi(profiletext(study, bare));
+}
+
+bool exportprofile(const std::string& filename, const NetworkTables& tables, const MapGrid& map,
+                   int a, int b, int net, const AnalysisOptions& options, std::string* why)
+{
+    const auto bytes = profilefile(tables, map, a, b, net, options, why);
+    return bytes && writefile(targetpath(filename), *bytes, why);
 }

@@ -2,6 +2,7 @@
 
 #include "radio/linkstudy.h"
 
+#include <optional>
 #include <string>
 
 /// Intervals of a profile that are too few for its file.
@@ -13,11 +14,15 @@ inline constexpr int fewintervals = 2;
 ///   profile  bare terrain with the stations' elevations at its ends
 std::string profiletext(const LinkStudy& study, const Profile& profile);
 
-/// Studies a link and writes its profile to a text file in Windows-1252. A profile of two intervals
-/// or less has no file.
+/// Studies a link; the bytes of its profile's file, in Windows-1252. A profile of two intervals or
+/// less has none.
 ///   net  0 or less: with the default antenna heights, and no frequency
-///   why  receives the reason, in English, where no file was written
-/// True when the file was written.
+///   why  receives the reason, in English, where there is none
+std::optional<std::string> profilefile(const NetworkTables& tables, const MapGrid& map, int a,
+                                       int b, int net, const AnalysisOptions& options,
+                                       std::string* why = nullptr);
+
+/// Writes that file. True when it was written.
 bool exportprofile(const std::string& filename, const NetworkTables& tables, const MapGrid& map,
                    int a, int b, int net, const AnalysisOptions& options,
                    std::string* why = nullptr);

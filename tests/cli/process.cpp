@@ -33,6 +33,8 @@ std::string contentof(const std::filesystem::path& path)
         const int file = open((folder / name).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         dup2(file, stream);
     }
+    if (const int input = open((folder / ".in").c_str(), O_RDONLY); input >= 0)
+        dup2(input, 0);
     if (chdir(folder.c_str()) != 0)
         _exit(126);
     setenv("VELMORA_HOME", folder.c_str(), 1);

@@ -29,7 +29,8 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Runs velmora-cli with these arguments in the test's folder.
+    /// Runs velmora-cli with these arguments in the test's folder. A file ".in" there is its
+    /// standard input.
     Outcome run(const std::vector<std::string>& arguments,
                 const std::vector<std::pair<std::string, std::string>>& environment = {}) const;
     /// Runs it and sends it a signal after a while. True when that ended it, false when it was

@@ -124,7 +124,9 @@ TEST_F(Build, EachSourceHasItsOwnFolder)
                               40, 50, [](int, int) { return -9999; }, true));
     elevationfiles::write(folder / "g/W020N90/W020N90.HDR", "NROWS 50\nNCOLS 40\n");
     const Outcome outcome =
-        success(order({"--terrain", "t", "--gtopo30", "g", "--dted", "t", "--ignore-missing"}));
+        run(order({"--terrain", "t", "--gtopo30", "g", "--dted", "t", "--ignore-missing"}));
+    EXPECT_THAT(outcome.err, HasSubstr("W020N90.dem: "));
+    EXPECT_THAT(outcome.err, HasSubstr("N41.DT2, .DT1 or .DT0: missing"));
     EXPECT_EQ(outcome.out, "hmin=7\nhmax=7\nhmoy=7\n");
     EXPECT_EQ(readmap("a.map").record.sources, 7);
 }
@@ -132,9 +134,62 @@ TEST_F(Build, EachSourceHasItsOwnFolder)
 TEST_F(Build, AMissingTileFailsUnlessItIsToBeIgnored)
 {
     const std::string error = failure(1, order({"--dted", "."}));
-    EXPECT_THAT(error, HasSubstr("dted/e001/n41.dt0: tile missing"));
+    EXPECT_THAT(error, HasSubstr("DTED/E001/N41.DT2, .DT1 or .DT0: missing (100 % of the map)"));
     EXPECT_FALSE(std::filesystem::exists(folder / "a.map"));
-    EXPECT_EQ(success(order({"--dted", ".", "--ignore-missing"})).out, "hmin=0\nhmax=0\nhmoy=0\n");
+    const Outcome outcome = run(order({"--dted", ".", "--ignore-missing"}));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "hmin=0\nhmax=0\nhmoy=0\n");
+    EXPECT_THAT(outcome.err, HasSubstr(".DT0: missing"));
+}
+
+TEST_F(Build, NamesTilesThatAreMissingDamagedOrPartlyVoid)
+{
+    // Around the corner of four cells: one whole, one damaged, one half void, one missing.
+    const std::vector<std::string> corner{"build", "-o",     "a.map", "--center", "2",
+                                          "42",    "--size", "30",    "--pixels", "40",
+                                          "40",    "--dted", "."};
+    const auto with = [&corner](std::vector<std::string> more) {
+        more.insert(more.begin(), corner.begin(), corner.end());
+        return more;
+    };
+    writecell("DTED/E001/N41.DT0", 250);
+    write("DTED/E001/N42.DT1", "UHL1 and no more");
+    elevationfiles::write(
+        folder / "DTED/E002/N41.DT0",
+        dtedbytes({121, 121, 300, 300, [](int, int row) { return row < 110 ? -32767 : 100; }}));
+    const Outcome refused = run(corner);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("E001/N42.DT1: damaged (25 % of the map)"));
+    EXPECT_THAT(refused.err, HasSubstr("E002/N41.DT0: "));
+    EXPECT_THAT(refused.err, HasSubstr(" % of what the map takes of it is void"));
+    EXPECT_THAT(refused.err, HasSubstr("E002/N42.DT2, .DT1 or .DT0: missing (25 % of the map)"));
+    EXPECT_THAT(refused.err, HasSubstr("a.map: 2 tiles missing or damaged"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.map"));
+    const Outcome built = run(with({"--ignore-missing"}));
+    EXPECT_EQ(built.status, 0);
+    EXPECT_THAT(built.err, HasSubstr("damaged"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "a.map"));
+}
+
+TEST_F(Build, AMapWithoutAnyHeightIsNone)
+{
+    writecell("DTED/E001/N41.DT0", -32767);
+    const Outcome refused = run(order({"--dted", "."}));
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("100 % of what the map takes of it is void"));
+    EXPECT_THAT(refused.err, HasSubstr("no height anywhere"));
+    EXPECT_EQ(run(order({"--dted", ".", "--ignore-missing"})).status, 0);
+}
+
+TEST_F(Build, WritesTheMapToStandardOutput)
+{
+    writecell("DTED/E001/N41.DT0", 250);
+    success(order({"--dted", "."}));
+    std::vector<std::string> stream = order({"--dted", "."});
+    stream[2] = "-";
+    const Outcome outcome = run(stream);
+    EXPECT_EQ(outcome.out, read("a.map"));
+    EXPECT_EQ(outcome.err, "hmin=250\nhmax=250\nhmoy=250\n");
 }
 
 TEST_F(Build, RefusesOrdersThatMakeNoSense)

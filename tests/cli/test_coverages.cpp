@@ -73,6 +73,80 @@ TEST_F(Coverages, ExportForOtherMapPrograms)
     EXPECT_THAT(content("a.kml"), HasSubstr("<east>8.6328125</east>"));
 }
 
+TEST_F(Coverages, ExportsAreTransparentWhereNothingIsPainted)
+{
+    area({"viewshed", "plan.net", "1", "--azimuths", "180,270", "--colour", "FF0080", "--kml",
+          "a.kml"});
+    const QImage alone(QString::fromStdString((folder / "a.png").string()));
+    int painted = 0;
+    int clear = 0;
+    for (int y = 0; y < alone.height(); ++y)
+        for (int x = 0; x < alone.width(); ++x) {
+            const QRgb pixel = alone.pixel(x, y);
+            painted += pixel == qRgb(255, 0, 128) ? 1 : 0;
+            clear += qAlpha(pixel) == 0 ? 1 : 0;
+        }
+    EXPECT_GT(painted, 20);
+    EXPECT_EQ(painted + clear, alone.width() * alone.height());
+    EXPECT_GT(clear, alone.width() * alone.height() / 2) << "a quarter is swept";
+    area({"viewshed", "plan.net", "1", "--kml", "b.kml", "--relief"});
+    const QImage relief(QString::fromStdString((folder / "b.png").string()));
+    EXPECT_EQ(relief.convertToFormat(QImage::Format_RGB32), image("a.bmp"));
+}
+
+TEST_F(Coverages, NeedNoPicture)
+{
+    const double with = area({"viewshed", "plan.net", "1"});
+    const auto values =
+        success({"viewshed", "plan.net", "1", "--map", "plain.map", "--range", "100"}).values();
+    EXPECT_EQ(std::strtod(values.at("area_km2").c_str(), nullptr), with);
+    EXPECT_THAT(success({"viewshed", "plan.net", "1", "--map", "plain.map", "--json"}).out,
+                HasSubstr("{\n  \"area_km2\": "));
+}
+
+TEST_F(Coverages, TakeAnotherPlaceForTheCentre)
+{
+    const std::vector<std::string> base{
+        "coverage", "plan.net", "1",   "2",      "1", "--unit",    "dbm",        "--low",
+        "-200",     "--high",   "-10", "--step", "1", "--rainbow", "--azimuths", "0,360"};
+    const auto at = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), base.begin(), base.end());
+        return area(more);
+    };
+    const double own = at({});
+    // The station's own place, and one behind the ridge.
+    EXPECT_EQ(at({"--at", "8.078125", "44.15625"}), own);
+    EXPECT_NE(at({"--at", "8.4", "44.3"}), own);
+    EXPECT_THAT(failure(1, {"coverage", "plan.net", "1", "2", "1", "--map", "plain.map", "--at",
+                            "9", "44.2"}),
+                HasSubstr("outside the map"));
+    failure(2, {"coverage", "plan.net", "1", "2", "1", "--at", "9", "95"});
+}
+
+TEST_F(Coverages, FilesOfOneNameAreRefused)
+{
+    const auto refused = [this](std::vector<std::string> more) {
+        more.insert(more.begin(), {"viewshed", "plan.net", "1", "--map", "plain.map"});
+        EXPECT_THAT(failure(2, more), HasSubstr("written twice"));
+    };
+    refused({"-o", "a.bmp", "--geotiff", "a.bmp"});
+    refused({"-o", "a.bmp", "--geotiff", "./a.BMP"});
+    refused({"--kml", "a.kml", "--geotiff", "a.png"});
+    refused({"-o", "a.bmp", "--kml", "a.dat"});
+    refused({"--kml", "-", "--geotiff", "-"});
+}
+
+TEST_F(Coverages, PicturesOfMapsAndNetworksAreExportedToo)
+{
+    success({"render", "plain.map", "-o", "r.bmp", "--kml", "r.kml"});
+    const QImage rendered(QString::fromStdString((folder / "r.png").string()));
+    EXPECT_EQ(rendered.convertToFormat(QImage::Format_RGB32), image("r.bmp"));
+    success({"draw", "plan.net", "--map", "plain.map", "-o", "d.bmp", "--kml", "d.kml"});
+    const QImage drawn(QString::fromStdString((folder / "d.png").string()));
+    EXPECT_EQ(drawn.convertToFormat(QImage::Format_RGB32), image("d.bmp"));
+    EXPECT_NE(drawn, rendered);
+}
+
 TEST_F(Coverages, RefuseWhatCannotBeSwept)
 {
     const std::vector<std::string> tail{"--map", "plain.map", "-o", "a.bmp"};

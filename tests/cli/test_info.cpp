@@ -3,6 +3,9 @@
 #include "network/netfile.h"
 #include "radio/scene.h"
 
+#include <QImage>
+
+#include <fstream>
 #include <gtest/gtest.h>
 
 class Info : public CliTest
@@ -143,4 +146,19 @@ TEST_F(Info, AFileBehindItsEndIsNoMatter)
 {
     write("plan.net", handmade::network() + std::string(5000, 'x'));
     EXPECT_EQ(success({"info", "plan.net"}).values().at("stations"), "3");
+}
+
+TEST_F(Info, ReadsBitmapsWhoseRowsBeginAtTheTop)
+{
+    QImage image(6, 4, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    const std::string name = (folder / "top.bmp").string();
+    ASSERT_TRUE(image.save(QString::fromStdString(name), "BMP"));
+    std::fstream file(name, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(22);
+    file.write("\xFC\xFF\xFF\xFF", 4); // a height of -4
+    file.close();
+    const auto values = success({"info", "top.bmp"}).values();
+    EXPECT_EQ(values.at("width"), "6");
+    EXPECT_EQ(values.at("height"), "4");
 }

@@ -100,3 +100,24 @@ TEST_F(Positions, FollowTheGeodeticSystemOfTheDataFolder)
     EXPECT_NE(failure(1, {"where", "--data", "nowhere", "1", "1"}).find("nowhere: no such folder"),
               std::string::npos);
 }
+
+TEST_F(Positions, OutsideTheGlobeAreRefused)
+{
+    for (const char* lat : {"90.1", "-91", "1000", "nan", "x"})
+        failure(2, {"where", "2", lat});
+    failure(2, {"where", "720.5", "45"});
+    failure(2, {"where", "-721", "45"});
+    success({"where", "719", "45"});
+    success({"where", "-180", "-90"});
+    write("plain.map", handmade::map());
+    failure(2, {"elevation", "plain.map", "8", "95"});
+}
+
+TEST_F(Positions, TextsThatAreNoneAreRefused)
+{
+    for (const char* text : {"", "bonjour", "ZZ99ZZ", "JN1", "JN18A", "JN18AAA", "JNAA18", "18JN",
+                             "31UDQ123", "31UDQ12 3", "31UDQ12x4", "31U", "1", "-"})
+        EXPECT_NE(run({"parse", text}).status, 0) << text;
+    for (const char* text : {"JN", "JN18", "jn18aa", "31UDQ5251", "31U DQ 52 51"})
+        success({"parse", text});
+}

@@ -44,13 +44,28 @@ CoverageColours paintcolours()
     return paint;
 }
 
+/// The same colours for a layer of its own.
+CoverageColours layercolours(CoverageColours paint)
+{
+    std::transform(paint.rainbow.begin(), paint.rainbow.end(), paint.rainbow.begin(),
+                   PaintedLayer::pixel);
+    paint.surface = PaintedLayer::pixel(paint.surface);
+    paint.curve = PaintedLayer::pixel(paint.curve);
+    return paint;
+}
+
 /// Paints the sweep until its end or a stop; returns the sum of its rings.
 std::int64_t paintsweep(CoverageSheet& sheet, const RadioSweep& sweep)
 {
     const CoverageColours paint = paintcolours();
+    const CoverageColours alone = layercolours(paint);
     return runsweep(
         sweep,
-        [&](std::span<const SectorPaint> sectors) { paintsectors(sheet.view(), sectors, paint); },
+        [&](std::span<const SectorPaint> sectors) {
+            paintsectors(sheet.view(), sectors, paint);
+            if (sheet.layer != nullptr)
+                paintsectors(sheet.layer->view(), sectors, alone);
+        },
         [&](int k) {
             sheet.refresh();
             return opstep(k) != 0;
@@ -74,15 +89,48 @@ PictureSettings plainrelief(const Picture& picture)
 }
 } // namespace
 
+static PixelSheet sheetof(QImage& image)
+{
+    return {reinterpret_cast<std::uint32_t*>(image.bits()),
+            static_cast<int>(image.bytesPerLine() / 4), image.width(), image.height()};
+}
+
+void PaintedLayer::begin(int width, int height)
+{
+    sheet = QImage(width, height, QImage::Format_ARGB32);
+    sheet.fill(Qt::white);
+}
+
+PixelSheet PaintedLayer::view()
+{
+    return sheetof(sheet);
+}
+
+QImage PaintedLayer::image() const
+{
+    QImage painted(sheet.size(), QImage::Format_ARGB32);
+    for (int y = 0; y < sheet.height(); ++y) {
+        const auto* from = reinterpret_cast<const QRgb*>(sheet.constScanLine(y));
+        auto* to = reinterpret_cast<QRgb*>(painted.scanLine(y));
+        for (int x = 0; x < sheet.width(); ++x)
+            to[x] = qAlpha(from[x]) == 0 ? 0xFF000000U | from[x] : 0U;
+    }
+    return painted;
+}
+
 CoverageSheet::CoverageSheet(OpenPicture& target)
     : picture(&target), image(std::make_shared<QImage>(surfaceimage(target.surface).copy()))
 {
-    pixels.pixels = reinterpret_cast<std::uint32_t*>(image->bits());
-    pixels.stride = static_cast<int>(image->bytesPerLine() / 4);
-    pixels.width = image->width();
-    pixels.height = image->height();
+    pixels = sheetof(*image);
     picture->surface.over.emplace_back(
         [painted = image](QPainter& painter) { painter.drawImage(QPoint(0, 0), *painted); });
+}
+
+void CoverageSheet::addlayer(PaintedLayer* wanted)
+{
+    layer = wanted;
+    if (layer != nullptr)
+        layer->begin(pixels.width, pixels.height);
 }
 
 void CoverageSheet::refresh()
@@ -143,7 +191,7 @@ bool paintover(OpenPicture& picture, int last, const std::function<void(Coverage
     return opbusy != 0;
 }
 
-double drawcoverage(OpenPicture& picture, const CoverageOrder& order)
+double drawcoverage(OpenPicture& picture, const CoverageOrder& order, PaintedLayer* layer)
 {
     SweepCentre centre;
     if (order.centre < 1 || order.centre > MAXUNIT || !sweepcentre(picture, order.centre, centre))
@@ -155,8 +203,10 @@ double drawcoverage(OpenPicture& picture, const CoverageOrder& order)
     std::int64_t rings = 0;
     double area_km2 = 0;
     const auto last = static_cast<int>(sweep->azimuths.size()) - 1;
-    if (paintover(picture, last,
-                  [&](CoverageSheet& sheet) { rings = paintsweep(sheet, *sweep); })) {
+    if (paintover(picture, last, [&](CoverageSheet& sheet) {
+            sheet.addlayer(layer);
+            rings = paintsweep(sheet, *sweep);
+        })) {
         if (coveragechoice.covrainbow && colours.showlegend != 0) {
             const SignalScale scale{unitname(order.unit), rainbowlevel};
             drawlegend(picture, &scale);

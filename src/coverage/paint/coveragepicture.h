@@ -10,6 +10,22 @@
 #include <functional>
 #include <memory>
 
+/// What a sweep paints, without the map beneath.
+class PaintedLayer
+{
+public:
+    /// Begins anew with nothing painted.
+    void begin(int width, int height);
+    PixelSheet view();
+    /// The value to paint a pixel with, so that the layer knows it for painted.
+    static constexpr std::uint32_t pixel(std::uint32_t colour) { return colour & 0xFFFFFF; }
+    /// The layer in its colours, transparent where nothing was painted.
+    QImage image() const;
+
+private:
+    QImage sheet; ///< alpha 255: not painted; 0: painted. So the pens of all kinds tell it
+};
+
 /// The sheet that a sweep paints: the kept picture with the sectors over it. It lies over the
 /// picture until the drawing there is erased or kept.
 class CoverageSheet
@@ -18,6 +34,9 @@ public:
     explicit CoverageSheet(OpenPicture& target);
 
     PixelSheet view() const { return pixels; }
+    /// Has what is painted kept apart, too; null: not.
+    void addlayer(PaintedLayer* wanted);
+    PaintedLayer* layer = nullptr;
     /// Shows what was painted since, at most thirty times a second.
     void refresh();
 
@@ -49,7 +68,9 @@ bool paintover(OpenPicture& picture, int last, const std::function<void(Coverage
 /// Radio coverage by an order, painted over a picture that is the map's own rendering. Asks whether
 /// to keep it. A stop leaves what was painted.
 /// Returns the covered area in km²; 0 when nothing could be swept and after a stop.
-double drawcoverage(OpenPicture& picture, const CoverageOrder& order);
+///   layer   receives what was painted; null: nobody wants it
+double drawcoverage(OpenPicture& picture, const CoverageOrder& order,
+                    PaintedLayer* layer = nullptr);
 
 /// Radio coverage of the run's parameters over the current picture; the area goes to the status
 /// line.
@@ -57,7 +78,9 @@ void coverage();
 
 /// Visual coverage by an order from a station, in a colour 0x00BBGGRR. Returns the seen area in
 /// km²; 0 when nothing could be swept and after a stop.
-double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour);
+///   layer   receives what was painted; null: nobody wants it
+double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour,
+                    PaintedLayer* layer = nullptr);
 
 /// Visual coverage of the run's parameters over the current picture. A radar file that cannot be
 /// read ends it with nothing painted.

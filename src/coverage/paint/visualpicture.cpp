@@ -7,12 +7,16 @@
 static std::int64_t paintview(CoverageSheet& sheet, const ViewSweep& sweep, std::int32_t colour)
 {
     const std::uint32_t pixel = pixelof(colour);
+    const std::uint32_t alone = PaintedLayer::pixel(pixel);
     return runview(
         sweep,
         [&](const SectorSides& sides, std::span<const SampleRun> runs) {
             const Wedge wedge(sweep.centre, sides);
-            for (const auto& [first, last] : runs)
+            for (const auto& [first, last] : runs) {
                 fillwedge(sheet.view(), wedge, first - 0.5, last + 0.5, pixel);
+                if (sheet.layer != nullptr)
+                    fillwedge(sheet.layer->view(), wedge, first - 0.5, last + 0.5, alone);
+            }
         },
         [&](int k) {
             sheet.refresh();
@@ -20,7 +24,8 @@ static std::int64_t paintview(CoverageSheet& sheet, const ViewSweep& sweep, std:
         });
 }
 
-double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour)
+double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std::int32_t colour,
+                    PaintedLayer* layer)
 {
     SweepCentre centre;
     if (unit < 1 || unit > MAXUNIT || !sweepcentre(picture, unit, centre))
@@ -32,8 +37,10 @@ double drawviewshed(OpenPicture& picture, const ViewOrder& order, int unit, std:
     std::int64_t rings = 0;
     double area_km2 = 0;
     const auto last = static_cast<int>(sweep->azimuths.size()) - 1;
-    if (paintover(picture, last,
-                  [&](CoverageSheet& sheet) { rings = paintview(sheet, *sweep, colour); })) {
+    if (paintover(picture, last, [&](CoverageSheet& sheet) {
+            sheet.addlayer(layer);
+            rings = paintview(sheet, *sweep, colour);
+        })) {
         keepdrawing(picture, "la couverture ");
         area_km2 = seenarea(*sweep, rings);
     }
