@@ -129,8 +129,10 @@ void MembersPage::checkmember(QListWidgetItem* item)
 {
     if (filling)
         return;
-    list->setCurrentItem(item);
-    choose(QStringLiteral("Participants"), [&] { updateheight(list->row(item) + 1); });
+    choose(QStringLiteral("Participants"), [&] {
+        list->setCurrentItem(item);
+        updateheight(list->row(item) + 1);
+    });
 }
 
 void MembersPage::chooseheight(bool own)

@@ -109,6 +109,17 @@ TEST_F(FrmNetUndo, EachChoiceIsAnEntry)
     EXPECT_EQ(network.antheights[1][1], 0);
 }
 
+TEST_F(FrmNetUndo, ACheckMarkIsAnEntryWhicheverStationWasSelected)
+{
+    open(3);
+    find<QListWidget>("stationlist")->item(6)->setCheckState(Qt::Checked);
+    EXPECT_EQ(find<QListWidget>("stationlist")->currentRow(), 6);
+    EXPECT_EQ(net(1).member[7], memberbit);
+    EXPECT_THAT(entries(), ElementsAre("modifier Réseau 01 : Participants"));
+    undostack().undo();
+    EXPECT_EQ(net(1).member[7], 0);
+}
+
 TEST_F(FrmNetUndo, APredefinedSystemIsOneEntry)
 {
     ASSERT_TRUE(writefile((folder.path() + QStringLiteral("/radiosys.dat")).toStdString(),
