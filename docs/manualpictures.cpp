@@ -120,6 +120,7 @@ std::unique_ptr<frmNet> editnet(frmMain& main)
     for (const int row : {0, 1, 2})
         members->item(row)->setCheckState(Qt::Checked);
     members->setCurrentRow(0);
+    dialog->resize(dialog->minimumSizeHint().expandedTo({880, 500}));
     return dialog;
 }
 
@@ -143,11 +144,11 @@ void walk(frmMain& main, const QString& sources, const QString& folder)
         network.icon(unit) = unit == 3 ? 2 : 0;
     }
     frmUnit* editor = showunits(&main);
-    editor->choose(3);
+    editor->choose(1);
     drawnets();
-    shot.take("stations", {{editor, QPoint(main.width() - editor->width() - 30, 110)}});
+    shot.take("stations", {{editor, QPoint(main.width() - editor->width() - 12, 90)}});
     editor->close();
-    shot.take("reseau", {{&*editnet(main), QPoint(180, 60)}});
+    shot.take("reseau", {{&*editnet(main), QPoint(20, 60)}});
     drawnets();
     shot.take("liens");
 }

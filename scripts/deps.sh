@@ -12,7 +12,7 @@ run_packages=(
 )
 test_packages=(
     clang-format clang-tidy python3
-    xvfb xauth gdal-bin
+    xvfb xauth gdal-bin xclip
 )
 
 packages=("${run_packages[@]}")

@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "base/hooks.h"
 #include "base/paths.h"
+#include "base/processmark.h"
 #include "base/session.h"
 #include "network/unsaved.h"
 #include "terrain/mapfile.h"
@@ -28,6 +29,24 @@ std::string recoverybytes(const NetworkTables& tables, const std::string& map,
     writer.write(static_cast<std::uint32_t>(netfile.size()));
     writer.writeblock(endmark.data(), endmark.size());
     return writer.data();
+}
+
+static constexpr std::string_view firstpart = "net-";
+static constexpr std::string_view lastpart = ".net";
+
+std::string recoveryname()
+{
+    return std::string(firstpart) + processmark() + std::string(lastpart);
+}
+
+bool isleftcopy(std::string_view name)
+{
+    if (!name.starts_with(firstpart) || !name.ends_with(lastpart) ||
+        name.size() < firstpart.size() + lastpart.size())
+        return false;
+    name.remove_prefix(firstpart.size());
+    name.remove_suffix(lastpart.size());
+    return markofdead(name);
 }
 
 static int placedstations(const NetworkTables& tables)
@@ -89,16 +108,6 @@ static std::optional<LeftCopy> takecopy(const fs::path& file)
     return std::nullopt;
 }
 
-/// Removes what a write that was cut short has left long ago.
-static void removeremains(const fs::path& file)
-{
-    constexpr double longest_s = 3600; // that a write can take
-    std::error_code error;
-    if (file.extension() == ".tmp" &&
-        std::difftime(std::time(nullptr), writtenat(file)) > longest_s)
-        fs::remove(file, error);
-}
-
 static std::vector<fs::path> filesin(const std::string& folder)
 {
     std::vector<fs::path> files;
@@ -113,9 +122,7 @@ std::vector<LeftCopy> leftcopies(const std::string& folder)
 {
     std::vector<LeftCopy> copies;
     for (const fs::path& file : filesin(folder)) {
-        removeremains(file);
-        const auto owner = recoveryowner(file.filename().string());
-        if (!owner || isalive(*owner))
+        if (!isleftcopy(file.filename().string()))
             continue;
         if (auto copy = takecopy(file))
             copies.push_back(std::move(*copy));
@@ -124,10 +131,7 @@ std::vector<LeftCopy> leftcopies(const std::string& folder)
     return copies;
 }
 
-RecoveryKeeper::RecoveryKeeper(std::string folder)
-    : file(std::move(folder) + recoveryname(thisprocess()))
-{
-}
+RecoveryKeeper::RecoveryKeeper(std::string folder) : file(std::move(folder) + recoveryname()) {}
 
 RecoveryKeeper::~RecoveryKeeper()
 {

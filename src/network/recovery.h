@@ -26,21 +26,11 @@ struct RecoveredNet {
 /// Reads the bytes of a recovery copy; empty where they are none, or not a whole one.
 std::optional<RecoveredNet> parserecovery(std::span<const std::byte> bytes);
 
-/// A process by what tells it from every other one.
-struct RecoveryOwner {
-    std::string machine;
-    long process = 0;
-    std::uint64_t start = 0; ///< when the system says it began; 0 where it doesn't say
-
-    bool operator==(const RecoveryOwner&) const = default;
-};
-/// This process.
-RecoveryOwner thisprocess();
-/// False where it is certain that the process has ended: one of another machine counts as alive.
-bool isalive(const RecoveryOwner& owner);
-/// Name of an owner's copy, without folder, and back; nothing for a name that is none.
-std::string recoveryname(const RecoveryOwner& owner);
-std::optional<RecoveryOwner> recoveryowner(std::string_view name);
+/// Name of a copy that this process makes, without folder. It carries the machine and the process.
+std::string recoveryname();
+/// True for the name of a copy whose process has ended; false for any other name, and while it is
+/// not certain.
+bool isleftcopy(std::string_view name);
 
 /// The copies that processes of this machine left behind when they were stopped.
 struct LeftCopy {
@@ -48,8 +38,8 @@ struct LeftCopy {
     std::time_t saved = 0; ///< when it was written
     RecoveredNet net;
 };
-/// Those in a folder, the latest first. A copy that says no more than the network's own file, and
-/// remains of a write that was cut short, are removed on the way.
+/// Those in a folder, the latest first. A copy that says no more than the network's own file is
+/// removed on the way.
 std::vector<LeftCopy> leftcopies(const std::string& folder);
 
 /// Keeps a copy of the network of this run in a folder while it has changes that are in no file.

@@ -5,6 +5,7 @@
 #include "network/unsaved.h"
 #include "support/tempfolder.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
@@ -15,17 +16,22 @@ namespace fs = std::filesystem;
 namespace
 {
 
-/// A process that has ended.
-RecoveryOwner deadprocess()
+/// The name of a copy that a process has made which has ended.
+std::string deadname()
 {
+    int ends[2] = {};
+    EXPECT_EQ(::pipe(ends), 0);
     const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(0);
+    if (child == 0) {
+        const std::string name = recoveryname();
+        ::_exit(::write(ends[1], name.data(), name.size()) < 0);
+    }
+    ::close(ends[1]);
+    char name[256] = {};
+    const ssize_t length = ::read(ends[0], name, sizeof name);
+    ::close(ends[0]);
     ::waitpid(child, nullptr, 0);
-    RecoveryOwner owner = thisprocess();
-    owner.process = child;
-    owner.start = 1;
-    return owner;
+    return {name, static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
 }
 
 class Recovery : public testing::Test
@@ -51,11 +57,11 @@ protected:
         network.units[1].lon = network.units[1].lat = 5;
         markedited();
     }
-    std::string leave(const RecoveryOwner& owner) const
+    std::string leave(const std::string& name) const
     {
         const std::string bytes = recoverybytes(network, "a.map", {"p.bmp"}, session.netfile);
         disk.makefolder("r");
-        return disk.makefile("r/" + recoveryname(owner), bytes);
+        return disk.makefile("r/" + name, bytes);
     }
     static std::string nameheld(const std::string& path)
     {
@@ -104,36 +110,23 @@ TEST_F(Recovery, WhatIsNoWholeCopyIsNone)
     EXPECT_FALSE(parserecovery(asbytes(longer)));
 }
 
-TEST_F(Recovery, ANameTellsMachineAndProcess)
+TEST_F(Recovery, ANameTellsWhetherItsProcessHasEnded)
 {
-    const RecoveryOwner owner{"poste-12", 4711, 99};
-    EXPECT_EQ(recoveryname(owner), "net-poste-12-4711-99.net");
-    EXPECT_EQ(recoveryowner("net-poste-12-4711-99.net"), owner);
-    for (const char* name : {"", "net-.net", "net.net", "net-a-1.net", "net-a-x-1.net", "a-1-1.net",
-                             "net-a-1-1.tmp", "net-a-1-1x.net"})
-        EXPECT_FALSE(recoveryowner(name)) << name;
-}
-
-TEST_F(Recovery, OnlyAProcessOfThisMachineIsKnownToHaveEnded)
-{
-    EXPECT_TRUE(isalive(thisprocess()));
-    RecoveryOwner owner = deadprocess();
-    EXPECT_FALSE(isalive(owner));
-    owner.machine = "ailleurs";
-    EXPECT_TRUE(isalive(owner));
-    owner = thisprocess();
-    owner.start += 1; // an older one had this number
-    EXPECT_FALSE(isalive(owner));
+    EXPECT_TRUE(isleftcopy(deadname()));
+    EXPECT_FALSE(isleftcopy(recoveryname()));
+    EXPECT_NE(deadname(), deadname());
+    for (const char* name : {"", "net-.net", "net.net", "work.net", "net-a-b-1.2-3.net"})
+        EXPECT_FALSE(isleftcopy(name)) << name;
 }
 
 TEST_F(Recovery, CopiesOfDeadProcessesAreFoundLatestFirst)
 {
     edit("Vieux");
-    const std::string older = leave(deadprocess());
+    const std::string older = leave(deadname());
     fs::last_write_time(older, fs::file_time_type::clock::now() - std::chrono::hours(1));
     edit("Neuf");
-    const std::string later = leave(deadprocess());
-    leave(thisprocess());
+    const std::string later = leave(deadname());
+    leave(recoveryname());
     disk.makefile("r/notes.txt", "?");
     const auto copies = leftcopies(disk.path("r/"));
     ASSERT_EQ(copies.size(), 2U);
@@ -146,11 +139,9 @@ TEST_F(Recovery, CopiesOfDeadProcessesAreFoundLatestFirst)
 TEST_F(Recovery, CopiesThatSayNothingAreRemoved)
 {
     edit("Nord");
-    const std::string saved = leave(deadprocess());
+    const std::string saved = leave(deadname());
     disk.makefile("work.net", netbytes(network, "a.map", {"p.bmp"}) + "older bytes");
-    disk.makefile("r/" + recoveryname(deadprocess()), "damaged");
-    const std::string remains = disk.makefile("r/.velmora-1-1.tmp");
-    fs::last_write_time(remains, fs::file_time_type::clock::now() - std::chrono::hours(2));
+    disk.makefile("r/" + deadname(), "damaged");
     EXPECT_TRUE(leftcopies(disk.path("r/")).empty());
     EXPECT_FALSE(fs::exists(saved));
     EXPECT_TRUE(fs::is_empty(disk.path("r")));

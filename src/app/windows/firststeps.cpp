@@ -29,15 +29,15 @@ FirstSteps::FirstSteps(const std::function<QAction*(const char*)>& action, QWidg
     addstep(action("mnuFileOpenNet"), "opennet", QStringLiteral("Ouvrir des réseaux"),
             QStringLiteral("Un fichier .net ramène ses stations, sa carte et ses images."));
     addstep(action("mnuFileMapPro"), "mapproperties", QStringLiteral("Faire une carte"),
-            QStringLiteral("Centre, taille et sources d'altitude ; « Appliquer » la construit\n"
-                           "et la dessine."));
+            QStringLiteral("Centre, taille et sources d'altitude ; «\u00A0Appliquer\u00A0» la "
+                           "construit et la dessine."));
     addstep(action("mnuFileOpenMap"), "openmap", QStringLiteral("Ouvrir une carte"),
             QStringLiteral("Une carte .map déjà faite."));
     addstep(action("mnuFileNewPic"), "newpicture", QStringLiteral("Dessiner la carte"),
             QStringLiteral("Une image de la carte, même plate, porte stations et liens."));
     addstep(action("mnuEditUnit"), "stationproperties", QStringLiteral("Placer une station"),
-            QStringLiteral("Bouton droit sur une image, « Placer ici » ; ou dans l'éditeur,\n"
-                           "par une ville ou par des coordonnées."));
+            QStringLiteral("Bouton droit sur une image, «\u00A0Placer ici\u00A0» ; ou dans "
+                           "l'éditeur, par une ville ou par des coordonnées."));
     area->installEventFilter(this);
     center();
 }
@@ -61,12 +61,14 @@ void FirstSteps::addstep(QAction* action, const char* name, const QString& title
 /// In the middle of the area; without the descriptions where it is too low for them.
 void FirstSteps::center()
 {
+    constexpr int letters = 60; // of a line
+    const int wide = fontMetrics().averageCharWidth() * letters;
     for (std::size_t i = 0; i < steps.size(); ++i)
         steps[i]->setDescription(descriptions[i]);
-    if (sizeHint().height() > parentWidget()->height())
+    if (layout()->totalHeightForWidth(wide) > parentWidget()->height())
         for (QCommandLinkButton* step : steps)
             step->setDescription({});
-    adjustSize();
+    resize(wide, layout()->totalHeightForWidth(wide));
     const QPoint middle = parentWidget()->rect().center() - rect().center();
     move(std::max(middle.x(), 0), std::max(middle.y(), 0));
 }

@@ -85,6 +85,7 @@ void fillhooks()
         refilllink(); // first: its one link gives way to the nets
         shownetwork();
     };
+    hooks.writerecovery = saverecovery;
     hooks.viewtext = [](const std::string& path) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
     };

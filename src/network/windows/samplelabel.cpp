@@ -8,6 +8,7 @@ SampleLabel::SampleLabel(QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("sample"));
     setAccessibleName(QStringLiteral("Exemple"));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void SampleLabel::setlook(const Look& wanted)

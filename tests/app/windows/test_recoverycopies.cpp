@@ -1,3 +1,4 @@
+#include "app/windows/endsignals.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/recovery.h"
 #include "app/windows/shelltest.h"
@@ -9,7 +10,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTest>
 
+#include <algorithm>
+#include <csignal>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,18 +31,25 @@ protected:
         };
     }
 
-    static RecoveryOwner deadprocess()
+    /// The name of a copy that a process has made which has ended.
+    static std::string deadname()
     {
+        int ends[2] = {};
+        EXPECT_EQ(::pipe(ends), 0);
         const pid_t child = ::fork();
-        if (child == 0)
-            ::_exit(0);
+        if (child == 0) {
+            const std::string name = recoveryname();
+            ::_exit(::write(ends[1], name.data(), name.size()) < 0);
+        }
+        ::close(ends[1]);
+        char name[256] = {};
+        const ssize_t length = ::read(ends[0], name, sizeof name);
+        ::close(ends[0]);
         ::waitpid(child, nullptr, 0);
-        RecoveryOwner owner = thisprocess();
-        owner.process = child;
-        return owner;
+        return {name, static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
     }
     /// A copy of a network with two stations as another run has left it.
-    std::string leave(const RecoveryOwner& owner)
+    std::string leave(const std::string& name)
     {
         NetworkTables tables = defaulttables();
         for (const std::size_t u : {3U, 4U}) {
@@ -47,7 +58,7 @@ protected:
         }
         const std::string kept = userfolder() + "recovery/";
         QDir().mkpath(QString::fromStdString(kept));
-        const std::string file = kept + recoveryname(owner);
+        const std::string file = kept + name;
         EXPECT_TRUE(writefile(file, recoverybytes(tables, "", {}, path("own.net"))));
         return file;
     }
@@ -55,9 +66,11 @@ protected:
     {
         return QFile::exists(QString::fromStdString(file));
     }
-    static std::string owncopy()
+    /// The copies that are there.
+    static int copies()
     {
-        return userfolder() + "recovery/" + recoveryname(thisprocess());
+        const QDir kept(QString::fromStdString(userfolder() + "recovery/"));
+        return static_cast<int>(kept.entryList(QDir::Files | QDir::Hidden).size());
     }
 
     std::vector<std::string> asked;
@@ -66,7 +79,7 @@ protected:
 
 TEST_F(RecoveryCopies, AreOfferedWithTheirDateAndStations)
 {
-    const std::string copy = leave(deadprocess());
+    const std::string copy = leave(deadname());
     answer = Answer::yes;
     start();
     ASSERT_EQ(asked.size(), 1U);
@@ -77,12 +90,12 @@ TEST_F(RecoveryCopies, AreOfferedWithTheirDateAndStations)
     EXPECT_EQ(session.netfile, lowercase(path("own.net")));
     EXPECT_TRUE(netunsaved());
     EXPECT_FALSE(exists(copy)) << "this run has its own";
-    EXPECT_TRUE(exists(owncopy()));
+    EXPECT_EQ(copies(), 1);
 }
 
 TEST_F(RecoveryCopies, AreErasedWhenTheUserSaysSo)
 {
-    const std::string copy = leave(deadprocess());
+    const std::string copy = leave(deadname());
     start();
     EXPECT_EQ(asked.size(), 1U);
     EXPECT_FALSE(exists(copy));
@@ -91,8 +104,8 @@ TEST_F(RecoveryCopies, AreErasedWhenTheUserSaysSo)
 
 TEST_F(RecoveryCopies, StayForAnotherTimeWhenTheUserGivesUp)
 {
-    const std::string first = leave(deadprocess());
-    const std::string second = leave(deadprocess());
+    const std::string first = leave(deadname());
+    const std::string second = leave(deadname());
     answer = Answer::cancel;
     start();
     EXPECT_EQ(asked.size(), 2U);
@@ -102,11 +115,7 @@ TEST_F(RecoveryCopies, StayForAnotherTimeWhenTheUserGivesUp)
 
 TEST_F(RecoveryCopies, OfARunThatGoesOnAreLeftAlone)
 {
-    RecoveryOwner owner = thisprocess();
-    owner.process = ::getppid();
-    owner.start = 0; // as where the system doesn't tell
-    owner.machine = "ailleurs";
-    const std::string copy = leave(owner);
+    const std::string copy = leave(recoveryname());
     start();
     EXPECT_TRUE(asked.empty());
     EXPECT_TRUE(exists(copy));
@@ -118,18 +127,30 @@ TEST_F(RecoveryCopies, GoWithACleanSaveAndWithTheEnd)
     session.netfile = path("own.net");
     markedited();
     saverecovery();
-    ASSERT_TRUE(exists(owncopy()));
+    ASSERT_EQ(copies(), 1);
     expectfilename("Enregistrer les réseaux", path("own.net"));
     choose("mnuFileSaveNet");
     keeprecovery();
-    EXPECT_FALSE(exists(owncopy()));
+    EXPECT_EQ(copies(), 0);
 
     markedited();
     network.units[1].lon = 5;
     saverecovery();
-    ASSERT_TRUE(exists(owncopy()));
+    ASSERT_EQ(copies(), 1);
     answer = Answer::yes; // end the program, and save
     expectfilename("Enregistrer les réseaux", path("own.net"));
     EXPECT_TRUE(window->close());
-    EXPECT_FALSE(exists(owncopy()));
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryCopies, StayWhenTheSystemEndsTheProgram)
+{
+    start();
+    session.netfile = path("own.net");
+    markedited();
+    endonsignals();
+    ::raise(SIGTERM);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+    EXPECT_TRUE(asked.empty());
+    EXPECT_EQ(copies(), 1);
 }

@@ -1,6 +1,7 @@
 #include "app/windows/firststeps.h"
 #include "app/windows/frmMain.h"
 #include "app/windows/shelltest.h"
+#include "base/numbers.h"
 #include "base/operation.h"
 #include "base/session.h"
 #include "netoverlay/paint/overlay.h"
@@ -149,7 +150,7 @@ TEST_F(UnitCommands, OnlyStopIsLiveWhileAnOperationRuns)
 TEST_F(UnitCommands, ThreeStationsArePlacedFromAnEmptyNetwork)
 {
     expectquestion("Effacer toutes les données du réseau " + session.netfile, Answer::yes);
-    expectquestion("Enregistrer image1.bmp?", Answer::no);
+    expectquestion("Enregistrer " + lowercase(picture->data.Filename) + "?", Answer::no);
     choose("mnuFileNewNet");
     picture = drawmap(nullptr, true);
     surface = windowof(*picture)->findChild<QWidget*>(QStringLiteral("surface"));

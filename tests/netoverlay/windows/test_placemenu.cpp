@@ -51,6 +51,19 @@ protected:
         QTest::mouseClick(menu(), Qt::LeftButton, {}, menu()->actionGeometry(action).center());
         QApplication::processEvents();
     }
+    /// Drives the list of stations as soon as it is open.
+    void driving(const std::function<void(QDialog&)>& drive)
+    {
+        auto* watch = new QTimer(surface);
+        QObject::connect(watch, &QTimer::timeout, surface, [watch, drive] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                return;
+            watch->deleteLater();
+            drive(*dialog);
+        });
+        watch->start(1);
+    }
     static std::string caption(const char* name)
     {
         return entry(name)->text().remove(QLatin1Char('&')).toStdString();
@@ -88,14 +101,12 @@ TEST_F(PlaceMenuTest, PlacesAnyStationFromTheList)
 {
     station(1, 7.1F, 44.1F);
     rightclick(spot);
-    QTimer::singleShot(0, surface, [] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        auto* list = dialog->findChild<QListWidget*>();
+    driving([](QDialog& dialog) {
+        auto* list = dialog.findChild<QListWidget*>();
         EXPECT_EQ(list->count(), 50);
         EXPECT_EQ(list->currentRow(), 1) << "the next one without a place";
         list->setCurrentRow(0);
-        QTest::keyClick(dialog, Qt::Key_Return);
+        QTest::keyClick(&dialog, Qt::Key_Return);
     });
     choose("placeother");
     EXPECT_FLOAT_EQ(unitat(1).lon, 7.25F);
@@ -105,8 +116,7 @@ TEST_F(PlaceMenuTest, AListThatIsGivenUpPlacesNothing)
 {
     const NetworkTables before = network;
     rightclick(spot);
-    QTimer::singleShot(0, surface,
-                       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    driving([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     choose("placeother");
     EXPECT_TRUE(network == before);
 }
