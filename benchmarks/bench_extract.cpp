@@ -53,7 +53,7 @@ double peakmegabytes()
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-void build(benchmark::State& state, bool (*pass)(), float lon, float lat, float size_km, int width,
+void build(benchmark::State& state, bool (*pass)(BuildReport*), float lon, float lat, float size_km, int width,
            int height)
 {
     static const Files files;
@@ -63,7 +63,7 @@ void build(benchmark::State& state, bool (*pass)(), float lon, float lat, float 
     mapgrid.record.mapsize = size_km;
     for (auto _ : state) {
         allocatemap(mapgrid, width, height);
-        benchmark::DoNotOptimize(pass());
+        benchmark::DoNotOptimize(pass(nullptr));
     }
     if (mapgrid.record.hmin == mapgrid.record.hmax)
         state.SkipWithError("nothing was read");

@@ -25,10 +25,12 @@ static void appendutf8(std::string& text, char16_t c)
     }
 }
 
-/// Takes one character off the front of a text; a malformed byte gives U+FFFD.
+/// What stands for a byte that belongs to no character.
+static constexpr char32_t malformed = 0x110000;
+
+/// Takes one character off the front of a text.
 static char32_t takecharacter(std::string_view& text)
 {
-    constexpr char32_t malformed = 0xFFFD;
     const auto lead = static_cast<std::uint8_t>(text.front());
     text.remove_prefix(1);
     if (lead < 0x80)
@@ -68,6 +70,14 @@ std::string fromansi(std::string_view bytes)
         appendutf8(text, upper ? upperchars[code - 0x80U] : char16_t{code});
     }
     return text;
+}
+
+bool isutf8(std::string_view text)
+{
+    while (!text.empty())
+        if (takecharacter(text) == malformed)
+            return false;
+    return true;
 }
 
 std::string toansi(std::string_view text)

@@ -12,6 +12,9 @@ std::string fromansi(std::string_view bytes);
 /// UTF-8 to Windows-1252. A character that the code page lacks becomes "?".
 std::string toansi(std::string_view text);
 
+/// True for a text of whole UTF-8 characters, as one of ASCII alone is.
+bool isutf8(std::string_view text);
+
 /// A fixed field of a record, as it stands in files: Windows-1252 bytes, blank padded.
 template <std::size_t N> struct FixedText {
     std::array<char, N> bytes{};

@@ -49,3 +49,6 @@ std::function<void()> setupviewshed(CLI::App& parser);
 /// `report` and `haat`: texts as the program writes them, in reporting.cpp.
 std::function<void()> setupreport(CLI::App& parser);
 std::function<void()> setuphaat(CLI::App& parser);
+
+// stations.cpp
+std::function<void()> setupstations(CLI::App& parser);

@@ -23,6 +23,8 @@ std::span<const Command> commands()
         {"viewshed", "Paint what can be seen from a station", setupviewshed},
         {"report", "Write the report on all nets", setupreport},
         {"haat", "Write the report on an antenna's height above average terrain", setuphaat},
+        {"stations", "Take stations from other programs, or give them stations and links",
+         setupstations},
     });
     return table;
 }

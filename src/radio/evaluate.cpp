@@ -310,11 +310,11 @@ void evalnets(bool allnets)
     evaluate(network, mapgrid, allnets, interf, quality);
 }
 
-int lineclass(const NetworkTables& tables, const QualityTable& table,
-              const std::array<std::uint8_t, 3>& linestyle, int a, int b)
+PairLine pairline(const NetworkTables& tables, const QualityTable& table,
+                  const std::array<std::uint8_t, 3>& linestyle, int a, int b)
 {
     const LineRules rules(linestyle);
-    int best = 0;
+    PairLine line;
     for (int n = 1; n <= MAXNET; ++n) {
         const Net& net = tables.net(n);
         const int signal = table.at(n, a, b);
@@ -324,7 +324,24 @@ int lineclass(const NetworkTables& tables, const QualityTable& table,
         const int ofnet =
             relayed ? reachclass(table.at(n, b, a), rules) : signalclass(signal, rules);
         // The worst net wins; but a net without a line clears what those before it gave.
-        best = best == 0 ? ofnet : std::min(best, ofnet);
+        if (line.lineclass == 0 || ofnet < line.lineclass)
+            line = {ofnet, ofnet == 0 ? 0 : n};
     }
-    return best;
+    return line;
+}
+
+std::int32_t linecolour(int lineclass)
+{
+    constexpr std::int32_t red = 0x0000FF;
+    constexpr std::int32_t yellow = 0x00FFFF;
+    constexpr std::int32_t green = 0x00FF00;
+    if (lineclass <= 2)
+        return red;
+    return lineclass == 3 ? yellow : green;
+}
+
+int lineclass(const NetworkTables& tables, const QualityTable& table,
+              const std::array<std::uint8_t, 3>& linestyle, int a, int b)
+{
+    return pairline(tables, table, linestyle, a, b).lineclass;
 }

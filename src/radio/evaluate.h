@@ -55,6 +55,19 @@ void reevaluate(const NetworkTables& tables, const MapGrid& map, bool allnets,
 /// Evaluates every pair of enabled members of the process's nets into `quality`.
 void evalnets(bool allnets);
 
+/// The line of a pair: its class, 0 (no line) to 6, and the net that decides it, 0 without a line.
+struct PairLine {
+    int lineclass = 0;
+    int net = 0;
+};
+
+/// The line of a pair a below b, from a table and the rules of the line colours.
+PairLine pairline(const NetworkTables& tables, const QualityTable& table,
+                  const std::array<std::uint8_t, 3>& linestyle, int a, int b);
+
+/// Colour of the lines of a class, 0x00BBGGRR.
+std::int32_t linecolour(int lineclass);
+
 /// Line class of a pair a below b, 0 (no line) to 6, from a table and the rules of the line
 /// colours.
 int lineclass(const NetworkTables& tables, const QualityTable& table,

@@ -34,6 +34,11 @@ void exportpicture();
 /// other kept before it.
 ///   extension   of the chosen kind; empty: as the name says, else a GeoTIFF
 std::string exportname(const std::string& path, const std::string& extension);
+/// Asks for another program's file and shows what would be taken of it; the stations that are taken
+/// are drawn.
+void importstations();
+/// Asks for a name and writes the stations, and the links where the kind of file takes them.
+void exportstations();
 /// Opens recent entry `index` (0 to 3), after `CleanNet`; nothing for one that is empty or open.
 void loadprevious(int index);
 void normalmode();

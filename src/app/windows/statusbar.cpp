@@ -2,6 +2,7 @@
 
 #include "base/settings.h"
 
+#include <QLayout>
 #include <QPainter>
 #include <QProgressBar>
 
@@ -89,6 +90,7 @@ void StatusBar::setplace(const QString& shown)
     const int wanted = fontMetrics().horizontalAdvance(shown) + 2;
     placewidth = std::max(leastplace, (wanted + placestep - 1) / placestep * placestep);
     fitpanels();
+    layout()->activate();
 }
 
 void StatusBar::settext(const QString& shown)

@@ -1,5 +1,8 @@
 #include "netoverlay/paint/linksheet.h"
 
+#include "base/paint/colour.h"
+#include "radio/evaluate.h"
+
 #include <QPaintEngine>
 #include <QPainter>
 
@@ -18,21 +21,21 @@ struct LinePen {
 
 LinePen linepen(int lineclass)
 {
-    const QColor green(0, 255, 0);
+    const QColor bright = colorof(linecolour(lineclass));
     const QColor darkgreen(0, 60, 0);
     switch (lineclass) {
     case 1:
-        return {QColor(255, 0, 0), QColor(200, 0, 0), 2, 3, false};
+        return {bright, QColor(200, 0, 0), 2, 3, false};
     case 2:
-        return {QColor(255, 0, 0), QColor(60, 0, 0), 1, 3, true};
+        return {bright, QColor(60, 0, 0), 1, 3, true};
     case 3:
-        return {QColor(255, 255, 0), QColor(80, 60, 0), 1, 3, true};
+        return {bright, QColor(80, 60, 0), 1, 3, true};
     case 4:
-        return {green, darkgreen, 1, 3, true};
+        return {bright, darkgreen, 1, 3, true};
     case 5:
-        return {green, darkgreen, 1, 3, false};
+        return {bright, darkgreen, 1, 3, false};
     default:
-        return {green, darkgreen, 2, 4, false};
+        return {bright, darkgreen, 2, 4, false};
     }
 }
 

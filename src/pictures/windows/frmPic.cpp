@@ -7,6 +7,7 @@
 #include "pictures/windows/surfaceview.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSizeGrip>
@@ -88,6 +89,7 @@ void frmPic::fitbars()
 
 void frmPic::showmiddle()
 {
+    QCoreApplication::sendPostedEvents(this, QEvent::LayoutRequest); // the bars' ranges are final
     middleasked = !isVisible();
     for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
         bar->setValue(bar->maximum() / 2);
@@ -111,6 +113,14 @@ void frmPic::release()
     settletools();
     entry = nullptr;
     surface->release();
+}
+
+bool frmPic::event(QEvent* event)
+{
+    const bool taken = QScrollArea::event(event);
+    if (event->type() == QEvent::LayoutRequest)
+        fitbars(); // bars that came or went
+    return taken;
 }
 
 void frmPic::resizeEvent(QResizeEvent* event)

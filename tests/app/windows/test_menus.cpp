@@ -51,6 +51,8 @@ TEST_F(Menus, HaveTheseCaptionsInThisOrder)
                            "  Enregistrer l'image sous...",
                            "  Exporter l'image...",
                            "  Propriétés de l'image",
+                           "  Importer des stations...",
+                           "  Exporter les stations et les liens...",
                            "  Mode de propagation",
                            "    Normal",
                            "    Interférence",

@@ -155,8 +155,10 @@ TEST_F(OpenPictures, WhatIsNoImageLeavesTheOpenPictureOfItsName)
 
 TEST_F(OpenPictures, PicturesWhoseNamesDifferInCaseAreTwo)
 {
-    const OpenPicture* capital = openpic(raster("Vue.bmp", 30, 20), 0);
-    const OpenPicture* small = openpic(raster("vue.bmp", 10, 20), 0);
+    const std::string capitalname = raster("Vue.bmp", 30, 20);
+    const std::string smallname = raster("vue.bmp", 10, 20);
+    const OpenPicture* capital = openpic(capitalname, 0);
+    const OpenPicture* small = openpic(smallname, 0);
     EXPECT_EQ(capital->data.scalewidth, 30);
     EXPECT_EQ(small->data.scalewidth, 10);
     EXPECT_EQ(openpictures.size(), 2U);
