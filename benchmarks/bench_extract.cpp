@@ -53,8 +53,8 @@ double peakmegabytes()
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-void build(benchmark::State& state, bool (*pass)(BuildReport*), float lon, float lat, float size_km, int width,
-           int height)
+void build(benchmark::State& state, bool (*pass)(BuildReport*), float lon, float lat, float size_km,
+           int width, int height)
 {
     static const Files files;
     ignoremissing = true;

@@ -150,8 +150,7 @@ TEST_F(MoveStation, ThePlaceIsToldOnTheWay)
 {
     dragunit(begindrag(2), 7.25F, 44.75F);
     const std::string height = std::to_string(mapgrid.at(50, 150));
-    EXPECT_EQ(label2,
-              "Poste  " + height + "m  007°15'00\"E  44°45'00\"N  (Échap : annuler)");
+    EXPECT_EQ(label2, "Poste  " + height + "m  007°15'00\"E  44°45'00\"N  (Échap : annuler)");
 }
 
 TEST_F(MoveStation, TheStationOnTopIsHit)
