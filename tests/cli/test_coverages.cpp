@@ -75,8 +75,8 @@ TEST_F(Coverages, ExportForOtherMapPrograms)
 
 TEST_F(Coverages, ExportsAreTransparentWhereNothingIsPainted)
 {
-    area({"viewshed", "plan.net", "1", "--azimuths", "180,270", "--colour", "FF0080", "--kml",
-          "a.kml"});
+    area({"viewshed", "plan.net", "1", "--sensor", "500", "--azimuths", "90,180", "--colour",
+          "FF0080", "--kml", "a.kml"});
     const QImage alone(QString::fromStdString((folder / "a.png").string()));
     int painted = 0;
     int clear = 0;

@@ -57,7 +57,9 @@ TEST_F(StationPlans, LeaveWhatFindsNoSlot)
 {
     for (int i = 0; i < 53; ++i)
         add("s", 6, 45);
-    records.add({.fault = StationFault::zero});
+    StationRecord nowhere;
+    nowhere.fault = StationFault::zero;
+    records.add(nowhere);
     EXPECT_EQ(plan().taken, 50U);
     EXPECT_EQ(plan().left, 4U);
     const StationPlan late = plan(49);

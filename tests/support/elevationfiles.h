@@ -117,7 +117,7 @@ inline double bilinear(const Heights& height, double column, double row)
 /// Uneven ground: every sample differs from its neighbours, some lie below the sea.
 inline int roughground(int column, int row)
 {
-    const double hills = 900 * std::sin(column * 0.13) * std::cos(row * 0.11);
+    const double hills = 450 * std::sin(column * 0.13) * std::cos(row * 0.11);
     return static_cast<int>(hills) + (column * 7 + row * 13) % 41 - 20;
 }
 } // namespace elevationfiles

@@ -94,7 +94,7 @@ frmImport::frmImport(StationRecords found, const QString& name, QWidget* parent)
     makechoices(*column);
     makebuttons(*column);
     refill();
-    constexpr int width = 860;
+    constexpr int width = 940;
     constexpr int height = 480;
     resize(width, height);
 }
