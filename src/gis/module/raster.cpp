@@ -56,7 +56,7 @@ std::string unitof(GDALDataset& dataset, GDALRasterBand& band, const ImportOrder
 {
     if (!order.unit.empty())
         return order.unit;
-    const std::string own = band.GetUnitType();
+    std::string own = band.GetUnitType();
     const OGRSpatialReference* const system = dataset.GetSpatialRef();
     if (!own.empty() || system == nullptr || system->IsCompound() == 0)
         return own;

@@ -36,8 +36,10 @@ public:
 
     std::vector<VectorLayer> read()
     {
+        const int count = dataset->GetLayerCount();
         std::vector<VectorLayer> layers;
-        for (int i = 0; i < dataset->GetLayerCount(); ++i)
+        layers.reserve(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i)
             layers.push_back(readlayer(*dataset->GetLayer(i)));
         return layers;
     }
